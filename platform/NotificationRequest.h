@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/WallClockMinute.h"
+
+#include <QString>
+
+namespace norvane {
+
+/// One notification to be shown later, once, when the wall clock reaches a minute.
+struct NotificationRequest {
+    QString identifier;
+    QString title;
+    QString body; ///< Plain text, whatever it holds.
+    QString sound;
+    WallClockMinute trigger;
+
+    friend bool operator==(const NotificationRequest &, const NotificationRequest &) = default;
+};
+
+} // namespace norvane

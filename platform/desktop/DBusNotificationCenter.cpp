@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/desktop/DBusNotificationCenter.h"
+
+#include "NotificationCenterProxy.h"
+#include "platform/desktop/BusSender.h"
+
+#include <utility>
+
+namespace norvane {
+
+namespace {
+
+/// How long the end of the program may be held up by a bus that does not read, or by a centre that
+/// is slow to start; the sender gives up a little earlier, so that its thread can end in order.
+constexpr int patienceAtTheEnd = 1000;
+constexpr int patienceOfTheSender = 800;
+
+} // namespace
+
+DBusNotificationCenter::DBusNotificationCenter(const QString &standIn)
+    : thread_{std::make_unique<QThread>()},
+      sender_{std::make_unique<BusSender>(standIn)}
+{
+    thread_->setObjectName(QStringLiteral("notifications"));
+    sender_->moveToThread(thread_.get());
+    thread_->start();
+}
+
+DBusNotificationCenter::~DBusNotificationCenter()
+{
+    // From here on the sender belongs to its thread, which may outlive this object.
+    BusSender *const sender = sender_.release();
+    QMetaObject::invokeMethod(
+        sender,
+        [sender, thread = thread_.get(), deadline = QDeadlineTimer{patienceOfTheSender}] {
+            sender->flush(deadline);
+            sender->deleteLater();
+            thread->quit();
+        },
+        Qt::QueuedConnection);
+    if (!thread_->wait(patienceAtTheEnd)) {
+        // Stuck in the bus library. The process is about to end and takes the thread with it;
+        // destroying it under its own feet would crash instead.
+        std::ignore = thread_.release();
+    }
+}
+
+void DBusNotificationCenter::post(std::function<void(NotificationCenterProxy &)> call)
+{
+    QMetaObject::invokeMethod(
+        sender_.get(), [sender = sender_.get(), call = std::move(call)] { sender->send(call); },
+        Qt::QueuedConnection);
+}
+
+void DBusNotificationCenter::requestAuthorization(Options options)
+{
+    post([options](NotificationCenterProxy &center) {
+        center.RequestAuthorization(options.toInt());
+    });
+}
+
+void DBusNotificationCenter::addNotificationRequest(const NotificationRequest &request)
+{
+    post([request](NotificationCenterProxy &center) {
+        center.AddRequest(request.identifier, request.title, request.body, request.sound,
+                          request.trigger.text());
+    });
+}
+
+void DBusNotificationCenter::removePendingNotificationRequests(const QStringList &identifiers)
+{
+    post([identifiers](NotificationCenterProxy &center) {
+        center.RemovePendingRequests(identifiers);
+    });
+}
+
+void DBusNotificationCenter::removeAllPendingNotificationRequests()
+{
+    post([](NotificationCenterProxy &center) { center.RemoveAllPendingRequests(); });
+}
+
+} // namespace norvane

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/Clock.h"
+
+namespace norvane {
+
+/// The machine's wall clock.
+class SystemClock final : public Clock {
+public:
+    [[nodiscard]] PointInTime now() const override;
+};
+
+} // namespace norvane

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/tray/LegacyTray.h"
+
+#include <QRect>
+
+#include <chrono>
+
+namespace norvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A panel that offers both kinds of tray offers this one first; the other follows in this time.
+constexpr auto timeToSettle = 500ms;
+constexpr int patience = 1000;
+
+} // namespace
+
+LegacyTray::LegacyTray(const QString &program) : program_{program}
+{
+    settled_.setSingleShot(true);
+    settled_.setInterval(timeToSettle);
+    connect(&settled_, &QTimer::timeout, this, &LegacyTray::startIcon);
+    connect(&watch_, &X11TrayWatch::changed, this, &LegacyTray::renew);
+    renew();
+}
+
+LegacyTray::~LegacyTray()
+{
+    endIcon();
+}
+
+bool LegacyTray::isShown() const
+{
+    return icon_ && icon_->state() == QProcess::Running;
+}
+
+void LegacyTray::renew()
+{
+    settled_.stop();
+    endIcon();
+    if (watch_.hasTray()) {
+        settled_.start();
+    }
+}
+
+void LegacyTray::startIcon()
+{
+    icon_ = std::make_unique<QProcess>();
+    icon_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    connect(icon_.get(), &QProcess::readyReadStandardOutput, this, &LegacyTray::readPresses);
+    icon_->start(program_, {iconName_});
+}
+
+/// Waits for it, so that no two icons are ever in a tray; it needs a few milliseconds.
+void LegacyTray::endIcon()
+{
+    if (icon_) {
+        icon_->closeWriteChannel();
+        if (!icon_->waitForFinished(patience)) {
+            icon_->kill();
+            icon_->waitForFinished(patience);
+        }
+        icon_.reset();
+    }
+}
+
+void LegacyTray::readPresses()
+{
+    while (icon_->canReadLine()) {
+        const QList<QByteArray> numbers = icon_->readLine().simplified().split(' ');
+        if (numbers.size() == 4) {
+            const QRect icon{numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(),
+                             numbers[3].toInt()};
+            emit pressed({.icon = icon, .place = {}, .activationToken = {}});
+        }
+    }
+}
+
+} // namespace norvane

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/IconPress.h"
+#include "platform/tray/X11TrayWatch.h"
+
+#include <QObject>
+#include <QProcess>
+#include <QTimer>
+
+#include <memory>
+
+namespace norvane {
+
+/// The icon in an X11 system tray, for desktops without hosts of status items.
+///
+/// The icon belongs to a small process beside this one: it needs Qt's widgets, which are not to
+/// weigh on the many desktops that never need them, and Qt settles once in a process what kind of
+/// tray there is. Each tray that appears gets a fresh one, and it ends with the tray, with this
+/// object, and when its standard input closes.
+class LegacyTray final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `program` is the process that shows the icon.
+    explicit LegacyTray(const QString &program);
+    ~LegacyTray() override;
+
+    [[nodiscard]] bool isShown() const;
+    void setIconName(const QString &iconName) { iconName_ = iconName; }
+
+signals:
+    void pressed(const norvane::IconPress &press);
+
+private:
+    void renew();
+    void startIcon();
+    void endIcon();
+    void readPresses();
+
+    QString program_;
+    QString iconName_;
+    X11TrayWatch watch_;
+    QTimer settled_;
+    std::unique_ptr<QProcess> icon_; ///< None while there is no tray.
+};
+
+} // namespace norvane

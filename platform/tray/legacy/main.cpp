@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/tray/legacy/LegacyIcon.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    // The places it reports are the display's own pixels.
+    qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+    qunsetenv("QT_SCALE_FACTOR");
+    QApplication application{argc, argv};
+    QApplication::setApplicationName(QStringLiteral("Norvane"));
+    QApplication::setQuitOnLastWindowClosed(false); // A tray that goes takes the window with it.
+    const QStringList arguments = QApplication::arguments();
+    const norvane::LegacyIcon icon{arguments.value(1)};
+    return QApplication::exec();
+}

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/windows/X11Display.h"
+
+namespace norvane {
+
+X11Display::X11Display() : connection_{xcb_connect(nullptr, &screenNumber_)}
+{
+    if (!isConnected()) {
+        return;
+    }
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection()));
+    for (int i = 0; i < screenNumber_; ++i) {
+        xcb_screen_next(&screens);
+    }
+    root_ = screens.data->root;
+}
+
+bool X11Display::isConnected() const
+{
+    return xcb_connection_has_error(connection()) == 0;
+}
+
+xcb_atom_t X11Display::atom(const QByteArray &name) const
+{
+    const auto length = static_cast<std::uint16_t>(name.size());
+    const Answer<xcb_intern_atom_reply_t> answer{xcb_intern_atom_reply(
+        connection(), xcb_intern_atom(connection(), 0, length, name.data()), nullptr)};
+    return answer ? answer->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+QList<int> X11Display::numbers(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
+{
+    constexpr std::uint32_t most = 4096;
+    const Answer<xcb_get_property_reply_t> answer{xcb_get_property_reply(
+        connection(), xcb_get_property(connection(), 0, window, property, type, 0, most), nullptr)};
+    constexpr int bits = 32;
+    if (!answer || answer->format != bits) {
+        return {};
+    }
+    const auto *const first = static_cast<const int *>(xcb_get_property_value(answer.get()));
+    return {first, first + xcb_get_property_value_length(answer.get()) / int{sizeof(int)}};
+}
+
+void X11Display::listenTo(xcb_window_t window, std::uint32_t mask) const
+{
+    xcb_change_window_attributes(connection(), window, XCB_CW_EVENT_MASK, &mask);
+    xcb_flush(connection());
+}
+
+} // namespace norvane

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+#include <xcb/xcb.h>
+
+namespace norvane {
+
+/// A connection of our own to the X11 display, beside Qt's: what it listens to is nobody else's
+/// affair, and it may be asked and waited for. Answers are empty where there is no display.
+class X11Display {
+public:
+    struct Free {
+        void operator()(void *answer) const noexcept { std::free(answer); }
+    };
+    /// Something the library allocated for its caller.
+    template <typename T>
+    using Answer = std::unique_ptr<T, Free>;
+
+    X11Display();
+
+    [[nodiscard]] bool isConnected() const;
+    [[nodiscard]] xcb_connection_t *connection() const noexcept { return connection_.get(); }
+    [[nodiscard]] int screenNumber() const noexcept { return screenNumber_; }
+    [[nodiscard]] xcb_window_t root() const noexcept { return root_; }
+
+    [[nodiscard]] xcb_atom_t atom(const QByteArray &name) const;
+    /// A window's property as 32-bit numbers; empty when it has none of this type.
+    [[nodiscard]] QList<int> numbers(xcb_window_t window, xcb_atom_t property,
+                                     xcb_atom_t type) const;
+    /// Sends us the events of this mask for a window.
+    void listenTo(xcb_window_t window, std::uint32_t mask) const;
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t *connection) const noexcept { xcb_disconnect(connection); }
+    };
+
+    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+    int screenNumber_ = 0;
+    xcb_window_t root_ = XCB_WINDOW_NONE;
+};
+
+} // namespace norvane

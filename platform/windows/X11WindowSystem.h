@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/windows/WindowSystem.h"
+#include "platform/windows/X11Display.h"
+
+namespace norvane {
+
+/// The window system on X11, XWayland included.
+///
+/// Speaks to the window manager in its own terms where Qt has no words: Qt reads no work area of
+/// more than one screen, and asks for the keyboard with the time of the last key or click that it
+/// saw itself, which a window manager may refuse to somebody who was pressed elsewhere.
+class X11WindowSystem final : public WindowSystem {
+public:
+    X11WindowSystem();
+
+    void makeAccessory(QWindow &window) override;
+    void activate(QWindow &window, const QString &token) override;
+
+protected:
+    [[nodiscard]] QRect corrected(const QRect &screen) const override;
+    [[nodiscard]] QList<Struts::Strip> panelStrips() const override;
+
+private:
+    [[nodiscard]] QSize displaySize() const;
+    [[nodiscard]] xcb_timestamp_t now() const;
+
+    X11Display display_;
+    xcb_window_t clock_ = XCB_WINDOW_NONE; ///< Never shown; its changes tell the server's time.
+};
+
+} // namespace norvane
