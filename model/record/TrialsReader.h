@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/record/Trial.h"
+
+#include <QList>
+#include <nlohmann/json.hpp>
+
+#include <bitset>
+#include <optional>
+#include <string>
+
+namespace norvane {
+
+/// Builds trials from the events of the JSON parser, and stops it at the first thing that has no
+/// place in a trials file.
+///
+/// Works on events rather than on a finished document because a document no longer tells a Boolean
+/// from a number by accident, -0 from 0, or the first of two members of one name from the second,
+/// and because what is skipped then costs neither memory nor stack.
+class TrialsReader final : public nlohmann::json_sax<nlohmann::ordered_json> {
+public:
+    /// What was read, once the parser has reported success.
+    [[nodiscard]] QList<Trial> takeTrials() { return std::move(trials_); }
+
+    /// Whether it was a number that no double can hold that stopped the parser.
+    [[nodiscard]] bool metOversizedNumber() const noexcept { return metOversizedNumber_; }
+
+    bool null() override;
+    bool boolean(bool value) override;
+    bool number_integer(number_integer_t value) override;
+    bool number_unsigned(number_unsigned_t value) override;
+    bool number_float(number_float_t value, const string_t &digits) override;
+    bool string(string_t &value) override;
+    bool binary(binary_t &value) override;
+    bool start_object(std::size_t elements) override;
+    bool key(string_t &name) override;
+    bool end_object() override;
+    bool start_array(std::size_t elements) override;
+    bool end_array() override;
+    bool parse_error(std::size_t position, const std::string &lastToken,
+                     const nlohmann::detail::exception &error) override;
+
+private:
+    enum class Member : quint8 {
+        Id,
+        Name,
+        EndDate,
+        Cost,
+        Notes,
+        CreatedAt,
+        NotificationIds,
+        Other
+    };
+    static constexpr std::size_t memberCount = 7;
+
+    [[nodiscard]] static Member memberNamed(const std::string &name);
+    [[nodiscard]] bool skipping() const;
+    [[nodiscard]] bool enter();
+    [[nodiscard]] bool takeScalar() const { return skipping(); }
+    [[nodiscard]] bool takeNumber(double value);
+    [[nodiscard]] bool takeId(const QString &text);
+
+    QList<Trial> trials_;
+    int depth_ = 0; ///< How many arrays and objects are open.
+    Trial trial_;
+    std::bitset<memberCount> seen_;
+    Member member_ = Member::Other; ///< Whose value is being read.
+    bool metOversizedNumber_ = false;
+};
+
+} // namespace norvane
