@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "notifier/Courier.h"
+
+#include "notifier/LateRule.h"
+#include "notifier/Ledger.h"
+#include "notifier/NotificationServer.h"
+#include "notifier/UnixTime.h"
+#include "platform/Clock.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace norvane {
+
+Courier::Courier(Ledger &ledger, NotificationServer &server, const Clock &clock, Pauses pauses,
+                 QObject *parent)
+    : QObject{parent},
+      ledger_{ledger},
+      server_{server},
+      clock_{clock},
+      pauses_{pauses},
+      pause_{pauses.first}
+{
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &Courier::deliver);
+    connect(&server, &NotificationServer::shown, this, &Courier::shown);
+    connect(&server, &NotificationServer::refused, this, &Courier::refused);
+    connect(&server, &NotificationServer::appeared, this, &Courier::hurry);
+}
+
+void Courier::deliver()
+{
+    if (underWay_ || timer_.isActive()) {
+        return;
+    }
+    std::optional<OutboxEntry> head = ledger_.outboxHead();
+    const std::chrono::sys_seconds now = wholeSecond(clock_.now());
+    while (head && head->due + worthShowingFor(head->request.identifier) <= now) {
+        ledger_.transact([&] { ledger_.strike(head->number); });
+        head = ledger_.outboxHead();
+    }
+    if (!head) {
+        emit emptied();
+        return;
+    }
+    const NotificationRequest request = head->request;
+    underWay_ = std::move(head);
+    server_.show(request.title, request.body, request.sound);
+}
+
+bool Courier::isEmpty() const
+{
+    return !ledger_.outboxHead();
+}
+
+void Courier::shown()
+{
+    if (!underWay_) {
+        return;
+    }
+    const OutboxEntry entry = std::move(*underWay_);
+    underWay_.reset();
+    ledger_.transact([&] {
+        ledger_.strike(entry.number);
+        ledger_.rememberDelivered(entry.request, wholeSecond(clock_.now()));
+    });
+    pause_ = pauses_.first;
+    deliver();
+}
+
+void Courier::refused()
+{
+    underWay_.reset();
+    timer_.start(pause_);
+    pause_ = std::min(pause_ * 2, pauses_.longest);
+}
+
+void Courier::hurry()
+{
+    pause_ = pauses_.first;
+    timer_.stop();
+    deliver();
+}
+
+} // namespace norvane

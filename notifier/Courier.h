@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "notifier/OutboxEntry.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <optional>
+
+namespace norvane {
+
+class Clock;
+class Ledger;
+class NotificationServer;
+
+/// Brings what is in the outbox to the notification server, one after the other and in order.
+///
+/// A reminder is struck from the outbox only after the server took it. One that is refused keeps
+/// its place; it is tried again when a server appears, and after pauses that grow from one attempt
+/// to the next. What is no longer worth showing (LateRule) is let go.
+///
+/// Everything given is borrowed. One thread only.
+class Courier final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Pauses between attempts double from the first up to the longest.
+    struct Pauses {
+        std::chrono::milliseconds first{2'000}; ///< Over the second within which some servers
+                                                ///< refuse the same text again.
+        std::chrono::milliseconds longest{300'000};
+    };
+
+    Courier(Ledger &ledger, NotificationServer &server, const Clock &clock, Pauses pauses,
+            QObject *parent = nullptr);
+
+    /// Delivers what is there, unless it is at it already or pauses.
+    void deliver();
+    [[nodiscard]] bool isEmpty() const;
+
+signals:
+    /// The outbox has become empty.
+    void emptied();
+
+private:
+    void shown();
+    void refused();
+    void hurry();
+
+    Ledger &ledger_;
+    NotificationServer &server_;
+    const Clock &clock_;
+    const Pauses pauses_;
+    std::chrono::milliseconds pause_;
+    QTimer timer_; ///< Runs during a pause.
+    std::optional<OutboxEntry> underWay_;
+};
+
+} // namespace norvane

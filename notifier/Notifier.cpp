@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "notifier/Notifier.h"
+
+#include "notifier/SpareMemory.h"
+#include "platform/bus/BusNames.h"
+
+#include <QDBusConnectionInterface>
+
+namespace norvane {
+
+namespace {
+
+/// Bursts of calls come closer together than this.
+constexpr std::chrono::milliseconds restAfter{500};
+
+} // namespace
+
+Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings)
+    : bus_{bus},
+      ledger_{settings.folder},
+      server_{bus, settings.patience},
+      scheduler_{ledger_, timer_, zone_, clock},
+      courier_{ledger_, server_, clock, settings.pauses},
+      facade_{scheduler_, bus},
+      idleWatch_{settings.lingering, [this] { return isBusy(); }}
+{
+    connect(&scheduler_, &Scheduler::outboxChanged, &courier_, &Courier::deliver);
+    connect(&facade_, &ServiceFacade::called, this, &Notifier::stir);
+    connect(&courier_, &Courier::emptied, this, &Notifier::stir);
+    connect(&server_, &NotificationServer::screenCleared, this, &Notifier::stir);
+    rest_.setSingleShot(true);
+    rest_.setInterval(restAfter);
+    connect(&rest_, &QTimer::timeout, this, &Notifier::rest);
+    connect(&idleWatch_, &IdleWatch::idle, this, &Notifier::leave);
+}
+
+bool Notifier::start()
+{
+    bus_.connect(QString{}, QStringLiteral("/org/freedesktop/DBus/Local"),
+                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                 SLOT(busGone()));
+    if (!bus_.registerObject(busNames::notificationCenterPath, &facade_)) {
+        qCritical("The object of the notification centre cannot be put on the session bus.");
+        return false;
+    }
+    if (!claimName()) {
+        qCritical("%s is taken on this session bus: another norvane-notifier runs already.",
+                  qUtf8Printable(busNames::notificationCenter));
+        return false;
+    }
+    ledger_.open();
+    zone_.watch();
+    scheduler_.start();
+    stir();
+    return true;
+}
+
+bool Notifier::claimName()
+{
+    return bus_.interface()->registerService(busNames::notificationCenter,
+                                             QDBusConnectionInterface::DontQueueService,
+                                             QDBusConnectionInterface::DontAllowReplacement) ==
+           QDBusConnectionInterface::ServiceRegistered;
+}
+
+bool Notifier::isBusy()
+{
+    return scheduler_.hasPending() || !courier_.isEmpty() || server_.isShowing() ||
+           facade_.isBusy();
+}
+
+void Notifier::stir()
+{
+    idleWatch_.stir();
+    rest_.start();
+}
+
+void Notifier::rest()
+{
+    ledger_.relax();
+    giveBackSpareMemory();
+}
+
+void Notifier::leave()
+{
+    // Without the name no further call can come; those sent before are here by now and are served.
+    // If one of them brings work, the centre stays after all.
+    bus_.interface()->unregisterService(busNames::notificationCenter);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isBusy() && claimName()) {
+                stir();
+                return;
+            }
+            emit finished();
+        },
+        Qt::QueuedConnection);
+}
+
+void Notifier::busGone()
+{
+    qWarning("The session bus is gone; so is norvane-notifier. What is pending stays on disk.");
+    emit finished();
+}
+
+} // namespace norvane
