@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+
+import org.norvane.panel
+
+// The question, its explanation, and the two answers.
+ColumnLayout {
+    id: root
+
+    required property string title
+    required property string name
+
+    signal confirmed()
+    signal canceled()
+
+    function focusCancel() {
+        cancelButton.forceActiveFocus(Qt.PopupFocusReason)
+    }
+
+    spacing: Theme.spacing
+
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
+
+    Text {
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        text: root.title
+        textFormat: Text.PlainText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        font: Theme.headline
+        color: Theme.primary
+        Layout.fillWidth: true
+    }
+    // A long name scrolls; the buttons stay.
+    Flickable {
+        id: scroll
+
+        implicitHeight: message.implicitHeight
+        contentHeight: message.implicitHeight
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        T.ScrollBar.vertical: PanelScrollBar {}
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+
+        Text {
+            id: message
+
+            width: scroll.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            text: Phrase.with(qsTr("Remove \"%@\" from Norvane?"), root.name)
+            textFormat: Text.PlainText
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            font: Theme.body
+            color: Theme.primary
+        }
+    }
+    GridLayout {
+        columns: deleteButton.implicitWidth + columnSpacing + cancelButton.implicitWidth <= root.width ? 2 : 1
+        columnSpacing: 10
+        rowSpacing: 10
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: 4
+
+        FormButton {
+            id: deleteButton
+
+            text: qsTr("Delete")
+            color: Contrast.readable(Theme.red.text, Theme.bezel)
+            Layout.fillWidth: true
+            onClicked: root.confirmed()
+        }
+        FormButton {
+            id: cancelButton
+
+            text: qsTr("Cancel")
+            Layout.fillWidth: true
+            onClicked: root.canceled()
+        }
+    }
+}

@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+
+import org.norvane.panel
+
+// The whole panel: header, the form while a trial is being added, list or empty state, footer.
+Rectangle {
+    id: root
+
+    required property PanelContent content
+
+    readonly property TrialStore store: root.content.store
+    property bool showingAdd: false
+    property string newName: ""
+    property pointInTime newEndDate: root.content.weekFromNow()
+    property string newCost: ""
+    property string newNotes: ""
+
+    function showForm() {
+        root.showingAdd = true
+        root.newEndDate = root.content.weekFromNow()
+    }
+
+    function emptyForm() {
+        root.newName = ""
+        root.newCost = ""
+        root.newNotes = ""
+    }
+
+    function cancel() {
+        root.showingAdd = false
+        root.emptyForm()
+        footer.focusAdd()
+    }
+
+    function track() {
+        if (root.newName === "")
+            return
+        root.store.add(root.newName, root.newEndDate, root.content.cost(root.newCost), root.newNotes)
+        root.emptyForm()
+        root.newEndDate = root.content.weekFromNow()
+        root.showingAdd = false
+        footer.focusAdd()
+    }
+
+    implicitWidth: 360
+    color: Theme.background
+
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
+    onShowingAddChanged: root.content.rebuild()
+    onNewNameChanged: root.content.rebuild()
+    onNewEndDateChanged: root.content.rebuild()
+    onNewCostChanged: root.content.rebuild()
+    onNewNotesChanged: root.content.rebuild()
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        PanelHeader {
+            id: header
+
+            activeCount: root.content.activeCount
+            Layout.fillWidth: true
+        }
+        Separator {}
+        // There only while it is shown: none, or this one.
+        Repeater {
+            model: root.showingAdd ? 1 : 0
+            delegate: AddTrialForm {
+                calendar: root.content.calendar
+                newName: root.newName
+                newEndDate: root.newEndDate
+                newCost: root.newCost
+                // Header and footer with their lines stay in any case.
+                Layout.preferredHeight: Math.min(implicitHeight, root.height - header.height - footer.height - 3)
+                Layout.fillWidth: true
+
+                onNewNameEdited: text => root.newName = text
+                onNewEndDateEdited: moment => root.newEndDate = moment
+                onNewCostEdited: text => root.newCost = text
+                onCancel: root.cancel()
+                onTrack: root.track()
+            }
+        }
+        Separator { visible: root.showingAdd }
+        EmptyState {
+            visible: !trialList.visible
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Layout.minimumHeight: 0
+        }
+        TrialList {
+            id: trialList
+
+            visible: trialList.count > 0
+            trials: root.content.trials
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            onDelete_: trial => root.store.delete_(trial)
+        }
+        Separator {}
+        PanelFooter {
+            id: footer
+
+            showingAdd: root.showingAdd
+            Layout.fillWidth: true
+
+            onAdd: root.showForm()
+            onQuit: Qt.quit()
+        }
+    }
+}

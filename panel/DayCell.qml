@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+
+// A day of the month calendar.
+Item {
+    id: root
+
+    required property string text
+    required property string spoken
+    required property int textSize
+    required property bool inMonth
+    required property bool today
+    required property bool selected
+
+    signal picked()
+
+    Accessible.role: Accessible.Cell
+    Accessible.name: root.spoken
+    Accessible.focusable: true
+    Accessible.focused: root.activeFocus
+    Accessible.selected: root.selected
+    Accessible.onPressAction: root.picked()
+
+    Rectangle {
+        anchors { fill: root; margins: 1 }
+        color: root.selected ? Theme.palette.highlight : "transparent"
+        radius: Theme.corner
+        border { color: Theme.primary; width: root.activeFocus ? 2 : 0 }
+    }
+    Rectangle {
+        anchors { horizontalCenter: root.horizontalCenter; bottom: root.bottom; bottomMargin: 4 }
+        width: 12
+        height: 2
+        visible: root.today
+        color: label.color
+    }
+    Text {
+        id: label
+
+        anchors.centerIn: root
+        text: root.text
+        textFormat: Text.PlainText
+        font { family: Theme.body.family; pixelSize: root.textSize; bold: root.today }
+        color: root.selected ? Theme.palette.highlightedText
+             : root.inMonth ? Theme.primary : Theme.secondary
+        Accessible.ignored: true
+    }
+    TapHandler { onTapped: root.picked() }
+}

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+import org.norvane.panel
+
+// Six weeks around the cursor's month, under the names of the days of the week.
+FocusScope {
+    id: root
+
+    required property UserCalendar calendar
+    required property int selected
+    required property int cursor
+    required property int today
+
+    readonly property int pageStart: root.calendar.pageStart(root.cursor)
+    // Large text must not make the month wider or higher than the panel.
+    readonly property int textSize: Math.min(Theme.body.pixelSize, 24)
+    readonly property int cellSize: Math.round(root.textSize * 1.9)
+
+    signal moved(day: int)
+    signal picked(day: int)
+
+    implicitWidth: grid.implicitWidth
+    implicitHeight: grid.implicitHeight
+
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.Table
+    Accessible.name: root.calendar.pageTitle(root.cursor)
+    Keys.onUpPressed: root.moved(root.cursor - 7)
+    Keys.onDownPressed: root.moved(root.cursor + 7)
+    Keys.onLeftPressed: root.moved(root.cursor + (grid.mirrored ? 1 : -1))
+    Keys.onRightPressed: root.moved(root.cursor + (grid.mirrored ? -1 : 1))
+    Keys.onReturnPressed: root.picked(root.cursor)
+    Keys.onEnterPressed: root.picked(root.cursor)
+    Keys.onPressed: event => {
+        const months = event.key === Qt.Key_PageUp ? -1 : event.key === Qt.Key_PageDown ? 1 : 0
+        event.accepted = months !== 0
+        if (event.accepted)
+            root.moved(root.calendar.monthsLater(root.cursor, months))
+    }
+
+    Grid {
+        id: grid
+
+        readonly property bool mirrored: grid.effectiveLayoutDirection === Qt.RightToLeft
+
+        columns: 7
+
+        Repeater {
+            model: 7
+
+            Text {
+                required property int index
+
+                width: root.cellSize
+                horizontalAlignment: Text.AlignHCenter
+                text: root.calendar.weekday(root.pageStart + index)
+                textFormat: Text.PlainText
+                font { family: Theme.caption.family; pixelSize: Math.min(Theme.caption.pixelSize, root.textSize) }
+                color: Theme.secondary
+                Accessible.ignored: true
+            }
+        }
+        Repeater {
+            model: 42
+
+            DayCell {
+                required property int index
+
+                readonly property int day: root.pageStart + index
+
+                width: root.cellSize
+                height: root.cellSize
+                text: root.calendar.dayOfMonth(day)
+                spoken: root.calendar.spokenDay(day)
+                textSize: root.textSize
+                inMonth: root.calendar.sameMonth(day, root.cursor)
+                today: day === root.today
+                selected: day === root.selected
+                focus: day === root.cursor
+
+                onPicked: root.picked(day)
+            }
+        }
+    }
+}

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+
+// What the panel's buttons have in common: their label, and how keyboard and screen reader reach
+// them. Icon only, the text is for the screen reader alone.
+T.AbstractButton {
+    id: root
+
+    property string symbol: ""
+    property color color: Theme.primary
+
+    // A press with the mouse shows where the focus is by itself.
+    readonly property bool showsFocus: root.activeFocus && root.focusReason !== Qt.MouseFocusReason
+
+    implicitWidth: root.implicitContentWidth + root.leftPadding + root.rightPadding
+    implicitHeight: root.implicitContentHeight + root.topPadding + root.bottomPadding
+    font: Theme.body
+    focusPolicy: Qt.StrongFocus
+
+    Accessible.role: Accessible.Button
+    Accessible.name: root.text
+    Accessible.onPressAction: root.clicked()
+    Keys.onPressed: event => {
+        const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+        event.accepted = isReturn && (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier
+        if (event.accepted && !event.isAutoRepeat)
+            root.clicked()
+    }
+
+    contentItem: ButtonLabel {
+        text: root.display === T.AbstractButton.IconOnly ? "" : root.text
+        symbol: root.symbol
+        font: root.font
+        color: root.color
+    }
+}

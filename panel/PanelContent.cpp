@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "panel/PanelContent.h"
+
+#include "model/record/Cost.h"
+#include "platform/Clock.h"
+
+#include <utility>
+
+namespace norvane {
+
+PanelContent::PanelContent(const Surroundings &surroundings, const QLocale &locale)
+    : clock_{surroundings.clock},
+      store_{surroundings},
+      trials_{store_, surroundings},
+      calendar_{surroundings.clock, surroundings.calendars, locale},
+      activeCount_{store_.activeCount()}
+{
+    connect(&store_, &TrialStore::objectWillChange, this, &PanelContent::rebuildSoon);
+}
+
+void PanelContent::rebuild()
+{
+    trials_.redraw();
+    activeCount_ = store_.activeCount();
+    emit rebuilt();
+}
+
+PointInTime PanelContent::weekFromNow() const
+{
+    constexpr double week = 604'800;
+    return clock_.now().advanced(week);
+}
+
+double PanelContent::cost(const QString &text)
+{
+    return Cost::fromText(text);
+}
+
+void PanelContent::rebuildSoon()
+{
+    // The signal comes before the change: the new list can be read once control is back here.
+    if (!std::exchange(rebuildPending_, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                rebuildPending_ = false;
+                trials_.takeOverTrials();
+                rebuild();
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+} // namespace norvane

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+
+import org.norvane.panel
+
+// The product's name and how many trials are still running.
+Item {
+    id: root
+
+    required property int activeCount
+
+    implicitHeight: row.implicitHeight + 20
+
+    RowLayout {
+        id: row
+
+        anchors { fill: parent; leftMargin: Theme.padding; rightMargin: Theme.padding }
+        spacing: Theme.spacing
+
+        Symbol {
+            name: "clock.badge.exclamationmark"
+            color: Theme.orange.symbol
+            size: Theme.symbolSize(Theme.title3)
+        }
+        Text {
+            horizontalAlignment: Text.AlignLeft
+            elide: Text.ElideRight
+            text: qsTr("Norvane")
+            textFormat: Text.PlainText
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            font: Theme.headline
+            color: Theme.primary
+            Layout.fillWidth: true
+        }
+        Text {
+            text: Phrase.with(qsTr("%lld active"), root.activeCount.toString())
+            textFormat: Text.PlainText
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            font: Theme.caption
+            color: Theme.secondary
+        }
+    }
+}

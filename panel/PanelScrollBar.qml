@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+
+// Shows that there is more than fits, and where one is.
+T.ScrollBar {
+    id: root
+
+    implicitWidth: 10
+    padding: 2
+    minimumSize: 0.06
+    visible: root.size < 1 && root.height > 4 * root.width
+    Accessible.role: Accessible.ScrollBar
+
+    contentItem: Rectangle {
+        implicitWidth: 6
+        radius: 3
+        color: root.pressed ? Theme.primary : Theme.outline
+    }
+}

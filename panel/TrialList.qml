@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+import org.norvane.panel
+
+// The tracked trials, one row each, in the order in which they were added. For the keyboard it is
+// one stop, from which the arrow keys walk the rows.
+ListView {
+    id: root
+
+    required property TrialListModel trials
+
+    signal delete_(trial: trial)
+
+    function goTo(row: int) {
+        root.currentIndex = Math.max(0, Math.min(row, root.count - 1))
+        root.positionViewAtIndex(root.currentIndex, ListView.Contain)
+        root.focusCurrent()
+    }
+
+    function focusCurrent() {
+        if (root.currentItem !== null)
+            root.currentItem.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    function pageRows(): int {
+        return Math.max(1, Math.floor(root.height / root.currentItem.height) - 1)
+    }
+
+    model: root.trials
+    clip: true
+    reuseItems: true
+    cacheBuffer: 0
+    boundsBehavior: Flickable.StopAtBounds
+    keyNavigationEnabled: false
+    highlightFollowsCurrentItem: false
+    T.ScrollBar.vertical: PanelScrollBar {}
+
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Trials")
+    Keys.onUpPressed: root.goTo(root.currentIndex - 1)
+    Keys.onDownPressed: root.goTo(root.currentIndex + 1)
+    Keys.onPressed: event => {
+        event.accepted = true
+        switch (event.key) {
+        case Qt.Key_Home: return root.goTo(0)
+        case Qt.Key_End: return root.goTo(root.count - 1)
+        case Qt.Key_PageUp: return root.goTo(root.currentIndex - root.pageRows())
+        case Qt.Key_PageDown: return root.goTo(root.currentIndex + root.pageRows())
+        default: event.accepted = false
+        }
+    }
+
+    delegate: TrialRow {
+        id: row
+
+        required property int index
+
+        width: root.width
+        stop: row.index === root.currentIndex
+
+        onDelete_: root.delete_(row.trial)
+        onActiveFocusChanged: {
+            if (row.activeFocus) {
+                root.currentIndex = row.index
+                root.positionViewAtIndex(row.index, ListView.Contain)
+            }
+        }
+    }
+
+    Connections {
+        target: root.trials
+
+        function onRowsInserted() { root.positionViewAtEnd() }
+        function onRowsRemoved() { if (root.activeFocus) root.focusCurrent() }
+    }
+}

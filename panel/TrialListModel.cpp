@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "panel/TrialListModel.h"
+
+#include "model/store/TrialStore.h"
+#include "panel/TrialPresentation.h"
+#include "platform/CalendarSource.h"
+#include "platform/Clock.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace norvane {
+
+namespace {
+
+QList<Trial> firstOfEachId(const QList<Trial> &trials)
+{
+    QList<Trial> firsts;
+    firsts.reserve(trials.size());
+    QSet<QUuid> seen;
+    seen.reserve(trials.size());
+    for (const Trial &trial : trials) {
+        if (!seen.contains(trial.id)) {
+            seen.insert(trial.id);
+            firsts.append(trial);
+        }
+    }
+    return firsts;
+}
+
+} // namespace
+
+TrialListModel::TrialListModel(const TrialStore &store, const Surroundings &surroundings)
+    : store_{store},
+      clock_{surroundings.clock},
+      calendars_{surroundings.calendars},
+      rows_{firstOfEachId(store.trials())},
+      asOf_{clock_.now()},
+      calendar_{calendars_.current()}
+{
+}
+
+void TrialListModel::redraw()
+{
+    asOf_ = clock_.now();
+    calendar_ = calendars_.current();
+    if (!rows_.isEmpty()) {
+        emit dataChanged(index(0), index(static_cast<int>(rows_.size()) - 1));
+    }
+}
+
+void TrialListModel::takeOverTrials()
+{
+    const QList<Trial> wanted = firstOfEachId(store_.trials());
+    dropMissing(wanted);
+    // What is left stands in the store's order, since the store only ever removes and appends.
+    const auto kept = static_cast<int>(rows_.size());
+    const auto count = static_cast<int>(wanted.size());
+    if (count > kept) {
+        beginInsertRows({}, kept, count - 1);
+        rows_ = wanted;
+        endInsertRows();
+    } else {
+        rows_ = wanted;
+    }
+}
+
+void TrialListModel::dropMissing(const QList<Trial> &wanted)
+{
+    auto next = wanted.cbegin();
+    for (int row = 0; row < static_cast<int>(rows_.size());) {
+        if (next != wanted.cend() && next->id == rows_.at(row).id) {
+            ++next;
+            ++row;
+        } else {
+            beginRemoveRows({}, row, row);
+            rows_.removeAt(row);
+            endRemoveRows();
+        }
+    }
+}
+
+int TrialListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant TrialListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+        return {};
+    }
+    const Trial &trial = rows_.at(index.row());
+    switch (role) {
+    case TrialRole:
+        return QVariant::fromValue(trial);
+    case PresentationRole:
+        return QVariant::fromValue(TrialPresentation::of(trial, asOf_, calendar_));
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> TrialListModel::roleNames() const
+{
+    return {{TrialRole, "trial"}, {PresentationRole, "presentation"}};
+}
+
+} // namespace norvane

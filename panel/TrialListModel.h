@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/record/Trial.h"
+#include "platform/Calendar.h"
+#include "platform/PointInTime.h"
+#include "platform/Surroundings.h"
+
+#include <QAbstractListModel>
+#include <QtQmlIntegration/qqmlintegration.h>
+
+namespace norvane {
+
+class CalendarSource;
+class Clock;
+class TrialStore;
+
+/// The rows of the list: the store's trials in the store's order, one row for each `id`.
+///
+/// Changes only in a rebuild, and there row by row, so that a view keeps its place; until the next
+/// one every row, also one that a view asks for late, shows what was true at the last. Where
+/// trials share an `id`, the one row shows the first.
+class TrialListModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by PanelContent")
+
+public:
+    enum Role {
+        TrialRole = Qt::UserRole, ///< Trial
+        PresentationRole,         ///< TrialPresentation, as of the last rebuild
+    };
+
+    /// Borrows the store and the surroundings' clock and calendar.
+    TrialListModel(const TrialStore &store, const Surroundings &surroundings);
+
+    /// Has every visible row drawn afresh, for the current time.
+    void redraw();
+    /// Takes over the store's list as it is now; to be followed by redraw().
+    void takeOverTrials();
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+private:
+    void dropMissing(const QList<Trial> &wanted);
+
+    const TrialStore &store_;
+    const Clock &clock_;
+    const CalendarSource &calendars_;
+    QList<Trial> rows_;
+    PointInTime asOf_;
+    Calendar calendar_; ///< The user's, as of that moment.
+};
+
+} // namespace norvane
