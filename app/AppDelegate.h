@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "app/KeyMonitors.h"
+#include "platform/IconPress.h"
+#include "platform/Surroundings.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+namespace norvane {
+
+class PanelContent;
+class Popover;
+class StatusBar;
+class StatusItem;
+class WindowSystem;
+
+/// The shell around the panel: the status item, its popover, and the keys that reach it.
+///
+/// Lives on the main thread. It never touches the store; the panel's content holds that. Its end
+/// leaves the key monitors where they are.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the shell stands on; all of it is borrowed.
+    struct Seams {
+        StatusBar &statusBar;
+        WindowSystem &windowSystem;
+        KeyMonitors &keyMonitors;
+    };
+
+    /// Does nothing yet.
+    AppDelegate(const Surroundings &surroundings, const Seams &seams);
+    ~AppDelegate() override;
+
+    /// Makes the status item and the hidden popover, then asks for permission to notify, at every
+    /// launch and whatever the answer was the last time.
+    void applicationDidFinishLaunching();
+
+    /// Hides the popover if it is shown, and otherwise shows it by the icon with the keyboard.
+    /// Stops the process when called before launching has finished.
+    void togglePopover(const IconPress &press);
+
+    /// Shows the popover with the keyboard, or gives it the keyboard if it is shown: what starting
+    /// Norvane again asks for, icon or no icon.
+    void showPopover(const QString &activationToken);
+    /// The same, if no part of the desktop shows the icon, so that there is no other way in.
+    void showPopoverWithoutHost(const QString &activationToken);
+
+private:
+    void present(const std::optional<IconPress> &press, const QString &activationToken);
+    [[nodiscard]] KeyMonitors::Verdict judge(const QKeyEvent &key) const;
+
+    Surroundings surroundings_;
+    Seams seams_;
+    std::unique_ptr<PanelContent> content_; ///< What the popover shows; it borrows it.
+    std::unique_ptr<StatusItem> statusItem_;
+    std::unique_ptr<Popover> popover_;
+    std::optional<KeyMonitors::Token> eventMonitor_; ///< The monitor installed last.
+};
+
+} // namespace norvane

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/windows/ScreenArea.h"
+
+#include <QList>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+#include <optional>
+
+namespace norvane {
+
+/// Where a popover of one size goes, on screens as they are at the moment.
+///
+/// Everything is in one and the same kind of pixels. There is at least one screen, and the first
+/// one is the primary screen.
+class Placement {
+public:
+    Placement(QList<ScreenArea> screens, const QSize &size);
+
+    /// The place to open at: the icon, where it is known and on a screen; else where the host says
+    /// it was pressed, if that lies in a panel's strip of a screen; else the pointer. A place
+    /// stands for an icon of usual size around it.
+    [[nodiscard]] QRect anchor(const std::optional<QRect> &icon, const std::optional<QPoint> &place,
+                               const QPoint &pointer) const;
+
+    /// The popover's top left corner beside an anchor: centred on it and below it; above it where
+    /// the panel is at the bottom, and at its side where the panel is upright. Always whole inside
+    /// the work area of the anchor's screen.
+    [[nodiscard]] QPoint beside(const QRect &anchor) const;
+
+    /// The top left corner where there is no icon to open at: by the end of the primary screen's
+    /// panel where icons usually are, or at the top right.
+    [[nodiscard]] QPoint withoutAnchor() const;
+
+    [[nodiscard]] bool isOnScreen(const QRect &anchor) const;
+    /// Whether a popover at this corner lies whole inside a work area.
+    [[nodiscard]] bool isWhole(const QPoint &corner) const;
+
+private:
+    enum class Edge { None, Top, Bottom, Left, Right };
+
+    [[nodiscard]] static Edge stripEdge(const ScreenArea &screen, const QPoint &point);
+    [[nodiscard]] static Edge nearEdge(const ScreenArea &screen, const QRect &anchor);
+    [[nodiscard]] const ScreenArea &screenOf(const QPoint &point) const;
+    [[nodiscard]] QPoint keptInside(const QPoint &corner, const QRect &work) const;
+
+    QList<ScreenArea> screens_;
+    QSize size_;
+};
+
+} // namespace norvane

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <optional>
+
+namespace norvane {
+
+/// Turns the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) into one of Qt's, so that
+/// the end is the same as by the panel's button.
+///
+/// There may be one at a time, on the main thread. A signal that arrives before the event loop
+/// runs is reported when it does. A signal that was ignored from the start stays ignored.
+class StopSignals final : public QObject {
+    Q_OBJECT
+
+public:
+    StopSignals();
+    ~StopSignals() override;
+
+signals:
+    void stopRequested();
+
+private:
+    std::optional<QSocketNotifier> received_;
+};
+
+} // namespace norvane
