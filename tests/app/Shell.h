@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/KeyMonitors.h"
+#include "app/Popover.h"
+#include "platform/windows/WindowSystem.h"
+#include "tests/app/FakeStatusBar.h"
+#include "tests/support/FakeSurroundings.h"
+
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QTest>
+
+#include <optional>
+
+namespace norvane {
+
+/// The shell with its real panel, in the hands of a test.
+struct Shell {
+    FakeSurroundings surroundings;
+    FakeStatusBar statusBar;
+    WindowSystem windowSystem;
+    KeyMonitors keyMonitors;
+    std::optional<AppDelegate> delegate;
+
+    Shell()
+    {
+        delegate.emplace(surroundings.all(), AppDelegate::Seams{.statusBar = statusBar,
+                                                                .windowSystem = windowSystem,
+                                                                .keyMonitors = keyMonitors});
+    }
+
+    void launch() { delegate->applicationDidFinishLaunching(); }
+    void press() { statusBar.item()->press(); }
+
+    /// The popover; null before the launch.
+    [[nodiscard]] static Popover *popover()
+    {
+        for (QWindow *const window : QGuiApplication::topLevelWindows()) {
+            if (auto *const found = qobject_cast<Popover *>(window)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+
+    /// The visible button of the panel with this label; null if there is none.
+    [[nodiscard]] static QQuickItem *find(const QString &text)
+    {
+        const QList<QQuickItem *> items = popover()->rootObject()->findChildren<QQuickItem *>();
+        for (QQuickItem *const item : items) {
+            if (item->isVisible() && item->property("text").toString() == text &&
+                item->inherits("QQuickAbstractButton")) {
+                return item;
+            }
+        }
+        return nullptr;
+    }
+
+    static void type(const char *text)
+    {
+        for (; *text != 0; ++text) {
+            QTest::keyClick(popover(), *text);
+        }
+    }
+
+    static void click(QQuickItem *item)
+    {
+        const QPointF middle{item->width() / 2, item->height() / 2};
+        QTest::mouseClick(popover(), Qt::LeftButton, {}, item->mapToScene(middle).toPoint());
+    }
+};
+
+} // namespace norvane

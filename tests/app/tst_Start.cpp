@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "app/DisplayChoice.h"
+#include "app/StartRequest.h"
+#include "app/StopSignals.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <csignal>
+
+using namespace norvane;
+
+class TestStart final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void x11ComesFirstWhereverItCanBeReached_data()
+    {
+        QTest::addColumn<bool>("x11");
+        QTest::addColumn<bool>("wayland");
+        QTest::addColumn<QByteArray>("platforms");
+        QTest::newRow("X11 session") << true << false << QByteArray{"xcb"};
+        QTest::newRow("Wayland with XWayland") << true << true << QByteArray{"xcb;wayland"};
+        QTest::newRow("Wayland alone") << false << true << QByteArray{"wayland"};
+        QTest::newRow("neither") << false << false << QByteArray{};
+    }
+    void x11ComesFirstWhereverItCanBeReached()
+    {
+        QFETCH(const bool, x11);
+        QFETCH(const bool, wayland);
+        QFETCH(const QByteArray, platforms);
+
+        QCOMPARE(DisplayChoice::platforms(x11, wayland), platforms);
+    }
+
+    void aPlatformThatTheUserSetStands()
+    {
+        qputenv("QT_QPA_PLATFORM", "wayland");
+
+        QVERIFY(DisplayChoice::make());
+
+        QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray{"wayland"});
+    }
+
+    void aLaunchersTokenMakesItAStartByHand()
+    {
+        qputenv("XDG_ACTIVATION_TOKEN", "token");
+
+        const StartRequest request = StartRequest::ofThisProcess();
+        qunsetenv("XDG_ACTIVATION_TOKEN");
+
+        QVERIFY(request.byHand);
+        QCOMPARE(request.activationToken, QStringLiteral("token"));
+    }
+
+    void aSignalToStopArrivesInTheEventLoop_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::newRow("TERM") << SIGTERM;
+        QTest::newRow("INT") << SIGINT;
+        QTest::newRow("HUP") << SIGHUP;
+    }
+    void aSignalToStopArrivesInTheEventLoop()
+    {
+        QFETCH(const int, number);
+        const StopSignals stopSignals;
+        const QSignalSpy stop{&stopSignals, &StopSignals::stopRequested};
+
+        std::raise(number);
+
+        QTRY_COMPARE(stop.count(), 1);
+    }
+
+    void anIgnoredSignalStaysIgnored()
+    {
+        std::signal(SIGHUP, SIG_IGN);
+
+        const StopSignals stopSignals;
+
+        struct sigaction action = {};
+        ::sigaction(SIGHUP, nullptr, &action);
+        QVERIFY(action.sa_handler == SIG_IGN);
+        std::signal(SIGHUP, SIG_DFL);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestStart)
+#include "tst_Start.moc"

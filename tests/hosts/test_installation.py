@@ -1,0 +1,88 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+"""What an installation consists of, and that Norvane runs from one."""
+
+import subprocess
+from pathlib import Path
+
+import pytest
+from conftest import BUILD
+from desktop import Desktop, wait_until
+from shell import Shell
+
+SHARE = "usr/local/share"
+
+
+@pytest.fixture(scope="module")
+def root(folder):
+    """A tree into which Norvane is installed."""
+    tree = folder / "root"
+    subprocess.run(["cmake", "--install", BUILD], check=True, capture_output=True,
+                   env={"DESTDIR": str(tree), "PATH": "/usr/bin:/bin"})
+    return tree
+
+
+@pytest.mark.parametrize("path", [
+    "usr/local/bin/norvane",
+    f"{SHARE}/applications/org.norvane.Norvane.desktop",
+    f"{SHARE}/dbus-1/services/org.norvane.Norvane.service",
+    f"{SHARE}/icons/hicolor/scalable/apps/org.norvane.Norvane.svg",
+    f"{SHARE}/icons/hicolor/symbolic/apps/org.norvane.Norvane-symbolic.svg",
+    f"{SHARE}/man/man1/norvane.1",
+    f"{SHARE}/metainfo/org.norvane.Norvane.metainfo.xml",
+])
+def test_it_brings_what_a_desktop_expects(root, path):
+    assert (root / path).is_file()
+
+
+def test_the_desktop_entry_is_valid(root):
+    entry = root / SHARE / "applications/org.norvane.Norvane.desktop"
+
+    answer = subprocess.run(["desktop-file-validate", entry], capture_output=True, text=True, check=False)
+
+    assert (answer.returncode, answer.stdout) == (0, "")
+
+
+def test_the_metadata_is_valid(root):
+    metadata = root / SHARE / "metainfo/org.norvane.Norvane.metainfo.xml"
+
+    answer = subprocess.run(["appstreamcli", "validate", "--no-net", metadata],
+                            capture_output=True, text=True, check=False)
+
+    assert answer.returncode == 0, answer.stdout
+
+
+def test_the_manual_page_is_well_formed(root):
+    page = root / SHARE / "man/man1/norvane.1"
+
+    answer = subprocess.run(["groff", "-man", "-ww", "-z", page], capture_output=True, text=True, check=False)
+
+    assert (answer.returncode, answer.stderr) == (0, "")
+
+
+def test_the_icon_for_old_trays_is_found_from_where_it_is_installed(root, folder):
+    with Desktop(folder / "desktop", panel=None) as desktop:
+        desktop.start("trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "30")
+        with Shell(desktop, program=root / "usr/local/bin/norvane"):
+            wait_until(lambda: desktop.windows("Norvane"), "the icon in the tray")
+
+
+def test_it_can_be_started_by_its_name_on_the_bus(root, folder):
+    services = folder / "services/dbus-1/services"
+    services.mkdir(parents=True)
+    service = (root / SHARE / "dbus-1/services/org.norvane.Norvane.service").read_text()
+    program = next(line for line in service.splitlines() if line.startswith("Exec=")).removeprefix("Exec=")
+    (services / "org.norvane.Norvane.service").write_text(
+        service.replace(program, str(BUILD / "app/norvane")))
+    assert Path(program).name == "norvane"
+
+    class Activating(Desktop):
+        def _start_bus(self):
+            self.environment["XDG_DATA_DIRS"] = f"{folder / 'services'}:/usr/share"
+            super()._start_bus()
+
+    with Activating(folder / "activating", panel=None) as desktop:
+        desktop.run("gdbus", "call", "--session", "--dest", "org.norvane.Norvane",
+                    "--object-path", "/org/norvane/Norvane",
+                    "--method", "org.freedesktop.Application.Activate", "{}")
+        wait_until(lambda: desktop.windows("Norvane"), "the popover")

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "notifier/Alarm.h"
+#include "notifier/LocalZone.h"
+#include "notifier/NotificationServer.h"
+#include "platform/Clock.h"
+
+#include <QStringList>
+
+#include <chrono>
+#include <optional>
+
+namespace norvane {
+
+/// A clock that stands where a test puts it.
+class FakeClock final : public Clock {
+public:
+    std::chrono::sys_seconds moment;
+
+    explicit FakeClock(std::chrono::sys_seconds start) : moment{start} {}
+    [[nodiscard]] PointInTime now() const override
+    {
+        return PointInTime::fromUnixSeconds(static_cast<double>(moment.time_since_epoch().count()));
+    }
+};
+
+/// An alarm that a test sets off by hand.
+class FakeAlarm final : public Alarm {
+    Q_OBJECT
+
+public:
+    std::optional<std::chrono::sys_seconds> moment;
+
+    void set(std::chrono::sys_seconds at) override { moment = at; }
+};
+
+class FakeZone final : public LocalZone {
+    Q_OBJECT
+
+public:
+    explicit FakeZone(const QByteArray &name) : zone_{name} {}
+    [[nodiscard]] QTimeZone zone() const override { return zone_; }
+    void move(const QByteArray &name)
+    {
+        zone_ = QTimeZone{name};
+        emit changed();
+    }
+
+private:
+    QTimeZone zone_;
+};
+
+/// A notification server that holds each notification until a test answers.
+class FakeServer final : public NotificationServer {
+    Q_OBJECT
+
+public:
+    QStringList given;
+
+    void show(const QString &title, const QString & /*body*/, const QString & /*sound*/) override
+    {
+        given << title;
+    }
+    [[nodiscard]] bool isShowing() const override { return false; }
+};
+
+} // namespace norvane

@@ -1,0 +1,129 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+
+"""How the notification centre starts, and when it ends."""
+
+import subprocess
+
+from support.notification_server import NotificationServer
+from support.notifier import FAR, NAME, this_minute
+from support.waiting import wait_until
+
+
+def ends(notifier, seconds=10):
+    return notifier.process.wait(seconds) == 0
+
+
+def stays(notifier):
+    """Still there well after the second it was told to linger."""
+    try:
+        notifier.process.wait(2.5)
+    except subprocess.TimeoutExpired:
+        return True
+    return False
+
+
+def test_a_call_starts_it_where_it_is_installed(bus, notifier):
+    bus.install(NAME, f"/usr/bin/env XDG_STATE_HOME={notifier.folder.parent} "
+                      f"{notifier.program} --linger 1")
+
+    notifier.add("a-1h", FAR)
+
+    assert notifier.identifiers() == ["a-1h"]
+    notifier.remove_all()
+    wait_until(lambda: not notifier.has_owner(), what="its end")
+
+
+def test_the_login_entry_has_the_bus_start_it(bus, notifier):
+    bus.install(NAME, f"/usr/bin/env XDG_STATE_HOME={notifier.folder.parent} "
+                      f"{notifier.program} --linger 1")
+
+    login = subprocess.run([notifier.program, "--activate"], env=notifier.environment)
+
+    assert login.returncode == 0
+    assert notifier.has_owner()
+    wait_until(lambda: not notifier.has_owner(), what="its end")
+
+
+def test_a_second_one_says_so_and_touches_nothing(notifier, tmp_path):
+    notifier.start()
+    elsewhere = {**notifier.environment, "XDG_STATE_HOME": str(tmp_path / "second")}
+
+    second = subprocess.run([notifier.program], env=elsewhere, capture_output=True, text=True)
+
+    assert second.returncode != 0
+    assert second.stderr.count("\n") == 1 and NAME in second.stderr
+    assert not (tmp_path / "second").exists()
+
+
+def test_of_two_started_at_once_one_remains(notifier):
+    both = [subprocess.Popen([notifier.program], env=notifier.environment,
+                             stderr=subprocess.PIPE) for _ in range(2)]
+
+    wait_until(lambda: any(one.poll() is not None for one in both))
+    remaining = [one for one in both if one.poll() is None]
+
+    assert len(remaining) == 1
+    notifier.add("a-1h", FAR)
+    for one in both:
+        one.kill()
+        one.wait()
+        one.stderr.close()
+
+
+def test_it_ends_when_nothing_is_left_to_do(notifier):
+    notifier.start("--linger", "1")
+
+    assert ends(notifier)
+
+
+def test_it_stays_while_something_is_pending(notifier):
+    notifier.start("--linger", "1")
+    notifier.add("a-1h", FAR)
+
+    assert stays(notifier)
+
+    notifier.remove("a-1h")
+    assert ends(notifier)
+
+
+def test_it_stays_while_a_notification_may_be_on_the_screen(notifier, server):
+    trigger = this_minute()  # Before the second of lingering begins: it may take a while.
+    notifier.start("--linger", "1")
+    notifier.add("a-1h", trigger)
+    shown = server.wait_for(1)[0]
+
+    assert stays(notifier)
+
+    server.close_notification(shown.id)
+    assert ends(notifier)
+
+
+def test_it_ends_after_the_server_took_its_notifications_along(notifier, bus):
+    server = NotificationServer(bus).start()
+    trigger = this_minute()  # Before the second of lingering begins: it may take a while.
+    notifier.start("--linger", "1")
+    notifier.add("a-1h", trigger)
+    server.wait_for(1)
+
+    server.stop()
+
+    assert ends(notifier)
+
+
+def test_it_stays_while_a_reminder_waits_for_a_server(notifier):
+    trigger = this_minute()  # Before the second of lingering begins: it may take a while.
+    notifier.start("--linger", "1")
+    notifier.add("a-1h", trigger)
+
+    assert stays(notifier)
+
+
+def test_it_ends_with_the_session_bus(notifier, bus):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+
+    bus.close()
+
+    assert ends(notifier)
+    notifier.process = None

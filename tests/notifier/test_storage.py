@@ -1,0 +1,192 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+
+"""The file behind the notification centre, whole, damaged, foreign or out of reach."""
+
+import os
+import resource
+import sqlite3
+import stat
+from contextlib import closing
+
+import pytest
+from gi.repository import GLib
+
+from support.notifier import FAR, error_name, this_minute
+from support.waiting import wait_until
+
+STORAGE_ERROR = "org.norvane.NotificationCenter1.Error.Storage"
+AS_NOBODY = ("setpriv", "--reuid=65534", "--regid=65534", "--clear-groups")
+
+
+def mode(path):
+    return stat.S_IMODE(path.stat().st_mode)
+
+
+def aside(notifier, reason):
+    return list(notifier.folder.glob(f"pending.sqlite.{reason}-*"))
+
+
+def not_durable(notifier, identifier, trigger=FAR):
+    """Adds a request and sees it answered as kept in memory only."""
+    with pytest.raises(GLib.Error) as caught:
+        notifier.add(identifier, trigger, title=identifier)
+    return error_name(caught.value) == STORAGE_ERROR
+
+
+def may_write(notifier, may):
+    """Lets the running process write to files, or has each of its writes fail."""
+    limit = resource.RLIM_INFINITY if may else 0
+    resource.prlimit(notifier.process.pid, resource.RLIMIT_FSIZE,
+                     (limit, resource.RLIM_INFINITY))
+
+
+def test_folder_and_file_are_the_users_alone(notifier):
+    before = os.umask(0)
+    try:
+        notifier.start()
+    finally:
+        os.umask(before)
+    notifier.add("a-1h", FAR)
+
+    assert mode(notifier.folder) == 0o700
+    assert {mode(file) for file in notifier.folder.iterdir()} == {0o600}
+
+
+def test_what_was_acknowledged_survives_a_kill(notifier):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    notifier.add("b-1h", FAR)
+    notifier.remove("a-1h")
+
+    notifier.restart()
+
+    assert notifier.identifiers() == ["b-1h"]
+
+
+@pytest.mark.parametrize("content", [b"no database at all" * 1000, b"SQLite format 3\0" + b"x" * 9000],
+                         ids=["text", "header"])
+def test_a_damaged_file_is_set_aside(notifier, content):
+    notifier.folder.mkdir(parents=True)
+    notifier.ledger.write_bytes(content)
+
+    notifier.start()
+    notifier.add("a-1h", FAR)
+
+    assert [one.read_bytes() for one in aside(notifier, "damaged")] == [content]
+    notifier.restart()
+    assert notifier.identifiers() == ["a-1h"]
+
+
+def test_a_file_with_damaged_pages_is_set_aside(notifier):
+    notifier.start()
+    for i in range(100):
+        notifier.add(f"{i}-1h", FAR, body="x" * 500)
+    notifier.kill()
+    with closing(sqlite3.connect(notifier.ledger)) as ledger:
+        ledger.execute("PRAGMA wal_checkpoint(TRUNCATE)")
+    content = bytearray(notifier.ledger.read_bytes())
+    content[8192:20480] = os.urandom(12288)
+    notifier.ledger.write_bytes(content)
+
+    notifier.start()
+
+    assert notifier.pending() == []
+    assert len(aside(notifier, "damaged")) == 1
+
+
+@pytest.mark.parametrize("version", [2, -1])
+def test_a_file_of_another_version_is_set_aside(notifier, version):
+    notifier.folder.mkdir(parents=True)
+    with closing(sqlite3.connect(notifier.ledger)) as ledger:
+        ledger.execute("CREATE TABLE pending (something)")
+        ledger.execute(f"PRAGMA user_version = {version}")
+        ledger.commit()
+
+    notifier.start()
+    notifier.add("a-1h", FAR)
+
+    assert len(aside(notifier, "other-version")) == 1
+    assert notifier.identifiers() == ["a-1h"]
+
+
+def test_a_folder_in_the_place_of_the_file_does_not_keep_it_from_starting(notifier):
+    notifier.ledger.mkdir(parents=True)
+
+    notifier.start()
+
+    assert not_durable(notifier, "a-1h")
+    assert notifier.identifiers() == ["a-1h"]
+
+
+def test_a_full_disk_is_told_and_reminders_still_come_once(notifier, server):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    may_write(notifier, False)
+
+    assert not_durable(notifier, "b-1h")
+    assert not_durable(notifier, "now-1h", this_minute())
+
+    server.wait_for(1)
+    assert notifier.identifiers() == ["a-1h", "b-1h"]
+    assert server.titles == ["now-1h"]
+
+
+def test_when_the_disk_has_room_again_nothing_is_lost(notifier):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    may_write(notifier, False)
+    assert not_durable(notifier, "b-1h")
+
+    may_write(notifier, True)
+    notifier.add("c-1h", FAR)
+    notifier.restart()
+
+    assert notifier.identifiers() == ["a-1h", "b-1h", "c-1h"]
+
+
+def test_a_disk_that_is_full_from_the_start_is_used_once_it_has_room(notifier):
+    notifier.start(command=("prlimit", "--fsize=0:unlimited"))
+    assert not_durable(notifier, "a-1h")
+
+    may_write(notifier, True)
+    notifier.add("b-1h", FAR)
+    notifier.restart()
+
+    assert notifier.identifiers() == ["a-1h", "b-1h"]
+
+
+@pytest.mark.skipif(os.getuid() != 0, reason="needs a second user to take the permission from")
+@pytest.mark.parametrize("log", ["beside it", "worked in"])
+def test_in_a_read_only_folder_it_works_from_memory_on_what_is_there(notifier, tmp_path, log):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    notifier.kill()
+    if log == "worked in":
+        sqlite3.connect(notifier.ledger).execute("PRAGMA wal_checkpoint").connection.close()
+    for file in notifier.folder.iterdir():
+        file.chmod(0o444)
+    notifier.folder.chmod(0o555)
+    for parent in [tmp_path, tmp_path.parent, tmp_path.parent.parent]:
+        parent.chmod(0o755)
+
+    notifier.start(command=AS_NOBODY)
+
+    assert notifier.identifiers() == ["a-1h"]
+    assert not_durable(notifier, "b-1h")
+    assert notifier.identifiers() == ["a-1h", "b-1h"]
+
+
+def test_thousands_of_requests_are_kept_and_listed_by_trigger(notifier):
+    notifier.start()
+    answers = []
+    for i in range(3000):
+        notifier.send("AddRequest", GLib.Variant("(sssss)", (
+            f"{i}-1h", "Title", "Body", "default", f"{9999 - i}-01-01T00:00")), answers.append)
+        notifier.iterate()
+    wait_until(lambda: notifier.iterate() or len(answers) == 3000, 30)
+
+    notifier.restart()
+
+    assert set(answers) == {None}
+    assert notifier.identifiers() == [f"{i}-1h" for i in reversed(range(3000))]

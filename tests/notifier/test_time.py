@@ -1,0 +1,109 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+
+"""Clocks, zones, and what fell due while nobody was there."""
+
+import os
+import sqlite3
+from contextlib import closing
+from datetime import datetime, timedelta, timezone
+
+from support.notifier import FAR, NAME, minute, minutes_ago, this_minute
+from support.waiting import wait_until
+
+
+def leave_pending(notifier, requests):
+    """Has requests of these triggers pending, with nobody running to notice their minutes."""
+    notifier.start()
+    for identifier in requests:
+        notifier.add(identifier, FAR, title=identifier)
+    notifier.kill()
+    with closing(sqlite3.connect(notifier.ledger)) as ledger:
+        for identifier, trigger in requests.items():
+            ledger.execute("UPDATE pending SET \"trigger\" = ? WHERE identifier = ?",
+                           (trigger, identifier))
+        ledger.commit()
+
+
+def test_it_comes_within_a_second_of_its_minute(notifier, server):
+    notifier.start()
+    start = datetime.now().replace(second=0, microsecond=0) + timedelta(minutes=1)
+    notifier.add("a-1h", minute(start))
+
+    shown = server.wait_for(1, 70)[0]
+
+    assert 0 <= shown.time - start.timestamp() < 1
+
+
+def test_of_several_missed_for_one_trial_only_the_latest_comes(notifier, server):
+    leave_pending(notifier, {"a-3d": minutes_ago(300), "a-24h": minutes_ago(200),
+                             "a-1h": minutes_ago(30), "b-c-3d": minutes_ago(250),
+                             "b-d-3d": minutes_ago(240)})
+
+    notifier.start()
+
+    server.wait_for(3)
+    notifier.add("z-1h", this_minute(), title="end")
+    wait_until(lambda: "end" in server.titles)
+    assert server.titles == ["b-c-3d", "b-d-3d", "a-1h", "end"]
+
+
+def test_what_is_no_longer_worth_showing_is_dropped_for_good(notifier, server):
+    leave_pending(notifier, {"a-1h": minutes_ago(61), "b-24h": minutes_ago(24 * 60 + 1),
+                             "c-3d": minutes_ago(72 * 60 + 1)})
+    notifier.start()
+    assert notifier.pending() == []
+
+    notifier.restart()
+    notifier.add("z-1h", this_minute(), title="end")
+
+    server.wait_for(1)
+    assert server.titles == ["end"]
+
+
+def test_what_was_missed_is_saved_from_the_first_call(bus, notifier, server):
+    leave_pending(notifier, {"a-1h": minutes_ago(30)})
+    bus.install(NAME, f"/usr/bin/env XDG_STATE_HOME={notifier.folder.parent} "
+                      f"{notifier.program} --linger 1")
+
+    notifier.remove_all()  # Starts it.
+
+    assert server.wait_for(1)[0].title == "a-1h"
+    server.close_notification(1)
+    wait_until(lambda: not notifier.has_owner())
+
+
+def test_a_traveller_is_reminded_by_the_clock_on_the_wall(notifier, server, tmp_path):
+    link = tmp_path / "zone" / "localtime"
+    link.parent.mkdir()
+    link.symlink_to("/usr/share/zoneinfo/UTC")
+    notifier.environment["TZ"] = f":{link}"
+    notifier.start()
+    wait_until(lambda: datetime.now().second < 55, 6)
+    three_hours_east = minute(datetime.now(timezone.utc) + timedelta(hours=3))
+    notifier.add("a-1h", three_hours_east)
+    assert notifier.identifiers() == ["a-1h"]
+
+    replacement = link.with_name("new")
+    replacement.symlink_to("/usr/share/zoneinfo/Etc/GMT-3")  # POSIX counts to the west.
+    os.replace(replacement, link)
+
+    server.wait_for(1)
+    assert notifier.pending() == []
+
+
+def test_the_last_minute_of_the_calendar_waits(notifier):
+    notifier.start()
+
+    notifier.add("a-1h", "9999-12-31T23:59")
+
+    notifier.restart()
+    assert notifier.identifiers() == ["a-1h"]
+
+
+def test_the_first_minute_of_the_calendar_is_long_past(notifier):
+    notifier.start()
+
+    notifier.add("a-1h", "0001-01-01T00:00")
+
+    assert notifier.pending() == []

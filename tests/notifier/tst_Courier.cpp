@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "notifier/Courier.h"
+#include "notifier/Ledger.h"
+#include "tests/notifier/FakeSurroundings.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace norvane;
+using namespace std::chrono;
+
+namespace {
+
+constexpr sys_seconds noon = sys_days{2026y / July / 1} + 12h;
+constexpr Courier::Pauses pauses{.first = 20ms, .longest = 80ms};
+
+} // namespace
+
+class TestCourier final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        folder_ = std::make_unique<QTemporaryDir>();
+        ledger_ = std::make_unique<Ledger>(folder_->path());
+        ledger_->open();
+        server_ = std::make_unique<FakeServer>();
+        clock_.moment = noon;
+        courier_ = std::make_unique<Courier>(*ledger_, *server_, clock_, pauses);
+        put(QStringLiteral("a-1h"));
+        put(QStringLiteral("b-1h"));
+    }
+
+    void cleanup()
+    {
+        courier_.reset();
+        ledger_.reset();
+    }
+
+    void theNextGoesOutOnlyAfterTheFirstWasTaken()
+    {
+        courier_->deliver();
+        courier_->deliver();
+        QCOMPARE(server_->given, QStringList{QStringLiteral("a-1h")});
+
+        emit server_->shown();
+
+        QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
+    }
+
+    void oneIsStruckOnlyAfterItWasTaken()
+    {
+        courier_->deliver();
+        QCOMPARE(head(), QStringLiteral("a-1h"));
+
+        emit server_->shown();
+
+        QCOMPARE(head(), QStringLiteral("b-1h"));
+    }
+
+    void oneThatIsRefusedIsTriedAgainBeforeTheNext()
+    {
+        courier_->deliver();
+
+        emit server_->refused();
+
+        QTRY_COMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("a-1h")}));
+    }
+
+    void thePausesGrow()
+    {
+        QElapsedTimer time;
+        time.start();
+        courier_->deliver();
+
+        for (qsizetype attempts = 1; attempts <= 4; ++attempts) {
+            emit server_->refused();
+            QTRY_COMPARE(server_->given.size(), attempts + 1);
+        }
+
+        QVERIFY(time.elapsed() >= 200); // 20 + 40 + 80 + 80, less what coarse timers save.
+    }
+
+    void aServerThatAppearsIsGivenItAtOnce()
+    {
+        courier_ = std::make_unique<Courier>(*ledger_, *server_, clock_,
+                                             Courier::Pauses{.first = 1h, .longest = 1h});
+        courier_->deliver();
+        emit server_->refused();
+
+        emit server_->appeared();
+
+        QCOMPARE(server_->given.count(QStringLiteral("a-1h")), 2);
+    }
+
+    void whatIsNoLongerWorthShowingIsLetGo()
+    {
+        clock_.moment = noon + 1h;
+        const QSignalSpy emptied{courier_.get(), &Courier::emptied};
+
+        courier_->deliver();
+
+        QCOMPARE(server_->given, QStringList{});
+        QVERIFY(courier_->isEmpty());
+        QCOMPARE(emptied.count(), 1);
+    }
+
+    void oneThatIsRemovedWhileOnItsWayDoesNotTakeTheNextWithIt()
+    {
+        courier_->deliver();
+        ledger_->transact([this] { ledger_->remove({QStringLiteral("a-1h")}); });
+
+        emit server_->shown();
+
+        QCOMPARE(head(), QStringLiteral("b-1h"));
+        QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
+    }
+
+private:
+    /// The identifier of the first reminder in the outbox; empty when there is none.
+    [[nodiscard]] QString head()
+    {
+        return ledger_->outboxHead().value_or(OutboxEntry{}).request.identifier;
+    }
+
+    void put(const QString &identifier)
+    {
+        ledger_->transact([&] {
+            ledger_->add({.identifier = identifier,
+                          .title = identifier,
+                          .body = {},
+                          .sound = {},
+                          .trigger = {}},
+                         noon);
+            for (const Ledger::Pending &due : ledger_->dueAt(noon)) {
+                ledger_->moveToOutbox(due.number);
+            }
+        });
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<Ledger> ledger_;
+    std::unique_ptr<FakeServer> server_;
+    FakeClock clock_{noon};
+    std::unique_ptr<Courier> courier_;
+};
+
+QTEST_GUILESS_MAIN(TestCourier)
+#include "tst_Courier.moc"

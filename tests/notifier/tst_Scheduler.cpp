@@ -1,0 +1,293 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "notifier/LocalMinute.h"
+#include "notifier/Scheduler.h"
+#include "tests/notifier/FakeSurroundings.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace norvane;
+using namespace std::chrono;
+
+namespace {
+
+constexpr sys_seconds noon = sys_days{2026y / July / 1} + 12h;
+
+NotificationRequest request(const QString &identifier, QStringView trigger)
+{
+    return {.identifier = identifier,
+            .title = identifier,
+            .body = {},
+            .sound = {},
+            .trigger = minuteFrom(trigger).value_or(WallClockMinute{})};
+}
+
+} // namespace
+
+class TestScheduler final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        folder_ = std::make_unique<QTemporaryDir>();
+        clock_.moment = noon;
+        zone_ = std::make_unique<FakeZone>("UTC");
+        wakeUp();
+    }
+
+    void cleanup() { sleep(); }
+
+    void itWaitsForTheEarliestRequest()
+    {
+        add(QStringLiteral("b-1h"), u"2026-07-03T12:00");
+        add(QStringLiteral("a-1h"), u"2026-07-02T12:00");
+        add(QStringLiteral("c-1h"), u"2026-07-04T12:00");
+
+        QCOMPARE(alarm_.moment, noon + 24h);
+    }
+
+    void aRequestComesWhenTheClockReachesItsMinute()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:01");
+        clock_.moment = noon + 59s;
+        emit alarm_.fired();
+        QCOMPARE(outbox(), QStringList{});
+
+        clock_.moment = noon + 60s;
+        emit alarm_.fired();
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+        QVERIFY(!scheduler_->hasPending());
+    }
+
+    void dueRequestsComeInTheOrderOfTheirMinutes()
+    {
+        add(QStringLiteral("b-1h"), u"2026-07-01T12:02");
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:01");
+
+        clock_.moment = noon + 10min;
+        emit alarm_.fired();
+
+        QCOMPARE(outbox(), (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
+    }
+
+    void aClockSetForwardBringsWhatItPassed()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:30");
+        add(QStringLiteral("b-1h"), u"2026-07-01T18:00");
+
+        clock_.moment = noon + 1h;
+        emit alarm_.clockSet();
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+        QCOMPARE(alarm_.moment, noon + 6h);
+    }
+
+    void aClockSetBackMakesItWaitLonger()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:30");
+
+        clock_.moment = noon - 48h;
+        emit alarm_.clockSet();
+
+        QCOMPARE(outbox(), QStringList{});
+        QCOMPARE(alarm_.moment, noon + 30min);
+    }
+
+    void whatLapsedByAClockThatWasWrongPendsAgain()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T18:00");
+        sleep();
+        clock_.moment = noon + days{400};
+        wakeUp();
+        QVERIFY(!scheduler_->hasPending());
+
+        clock_.moment = noon + 1min;
+        emit alarm_.clockSet();
+
+        QCOMPARE(outbox(), QStringList{});
+        QCOMPARE(alarm_.moment, noon + 6h);
+    }
+
+    void aJourneyEastBringsWhatTheWallClockPassed()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T13:30");
+        add(QStringLiteral("b-1h"), u"2026-07-01T18:00");
+
+        zone_->move("Europe/Berlin"); // It is 14:00 there.
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+        QCOMPARE(alarm_.moment, noon + 4h);
+    }
+
+    void aJourneyWestMakesItWaitForTheWallClock()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:30");
+
+        zone_->move("America/New_York");
+
+        QCOMPARE(outbox(), QStringList{});
+        QCOMPARE(alarm_.moment, noon + 4h + 30min);
+    }
+
+    void aZoneThatChangedWhileNobodyRanCountsFromTheStart()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T18:00");
+        sleep();
+
+        zone_ = std::make_unique<FakeZone>("Europe/Berlin");
+        wakeUp();
+
+        QCOMPARE(alarm_.moment, noon + 4h);
+    }
+
+    void theFirstOfTwoOccurrencesIsKeptWhenTheClockIsLookedAtAnew()
+    {
+        zone_->move("Europe/Berlin");
+        clock_.moment = sys_days{2026y / October / 24};
+        add(QStringLiteral("a-1h"), u"2026-10-25T02:30");
+        const sys_seconds first = sys_days{2026y / October / 25} + 30min;
+        QCOMPARE(alarm_.moment, first);
+
+        clock_.moment = first + 5min; // Slept through it.
+        emit alarm_.clockSet();
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+    void aMissedReminderYieldsToALaterOneOfItsTrial()
+    {
+        add(QStringLiteral("a-3d"), u"2026-07-01T12:10");
+        add(QStringLiteral("a-24h"), u"2026-07-01T12:20");
+        add(QStringLiteral("b-24h"), u"2026-07-01T12:15");
+
+        clock_.moment = noon + 1h;
+        emit alarm_.clockSet();
+
+        QCOMPARE(outbox(), (QStringList{QStringLiteral("b-24h"), QStringLiteral("a-24h")}));
+    }
+
+    void aMissedReminderYieldsToOneThatIsJustDue()
+    {
+        add(QStringLiteral("a-24h"), u"2026-07-01T12:10");
+        add(QStringLiteral("a-1h"), u"2026-07-01T13:00");
+
+        clock_.moment = noon + 1h;
+        emit alarm_.clockSet();
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+    void remindersOfOneTrialThatAreDueInTimeAllCome()
+    {
+        add(QStringLiteral("a-1"), u"2026-07-01T12:00");
+        add(QStringLiteral("a-2"), u"2026-07-01T12:00");
+
+        QCOMPARE(outbox(), (QStringList{QStringLiteral("a-1"), QStringLiteral("a-2")}));
+    }
+
+    void whatWasDeliveredIsRememberedForAWeek()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+        deliverAll();
+
+        clock_.moment = noon + days{7};
+        wakeAgain();
+        clock_.moment = noon;
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+        QCOMPARE(outbox(), QStringList{});
+
+        clock_.moment = noon + days{7} + 1s;
+        wakeAgain();
+        clock_.moment = noon;
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+    void anotherMinuteOfADeliveredIdentifierComes()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+        deliverAll();
+
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:01");
+        clock_.moment = noon + 1min;
+        emit alarm_.fired();
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+    void whatIsDueLeavesBeforeARemovalOfAll()
+    {
+        scheduler_->apply({AddRequest{request(QStringLiteral("a-1h"), u"2026-07-01T12:00")},
+                           RemoveAllRequests{}});
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+private:
+    void wakeUp()
+    {
+        ledger_ = std::make_unique<Ledger>(folder_->path());
+        ledger_->open();
+        scheduler_ = std::make_unique<Scheduler>(*ledger_, alarm_, *zone_, clock_);
+        scheduler_->start();
+    }
+
+    void sleep()
+    {
+        scheduler_.reset();
+        ledger_.reset();
+    }
+
+    void wakeAgain()
+    {
+        sleep();
+        wakeUp();
+    }
+
+    void add(const QString &identifier, QStringView trigger)
+    {
+        QCOMPARE(scheduler_->apply({AddRequest{request(identifier, trigger)}}),
+                 Ledger::Outcome::Durable);
+    }
+
+    /// The first reminder in the outbox; one of number 0 when there is none.
+    OutboxEntry head() { return ledger_->outboxHead().value_or(OutboxEntry{}); }
+
+    /// Who is in the outbox, which is empty afterwards.
+    QStringList outbox()
+    {
+        QStringList identifiers;
+        for (OutboxEntry entry = head(); entry.number != 0; entry = head()) {
+            identifiers << entry.request.identifier;
+            ledger_->transact([&] { ledger_->strike(entry.number); });
+        }
+        return identifiers;
+    }
+
+    void deliverAll()
+    {
+        for (OutboxEntry entry = head(); entry.number != 0; entry = head()) {
+            ledger_->transact([&] {
+                ledger_->strike(entry.number);
+                ledger_->rememberDelivered(entry.request, clock_.moment);
+            });
+        }
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+    FakeClock clock_{noon};
+    FakeAlarm alarm_;
+    std::unique_ptr<FakeZone> zone_;
+    std::unique_ptr<Ledger> ledger_;
+    std::unique_ptr<Scheduler> scheduler_;
+};
+
+QTEST_GUILESS_MAIN(TestScheduler)
+#include "tst_Scheduler.moc"

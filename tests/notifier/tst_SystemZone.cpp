@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "notifier/SystemZone.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+#include <memory>
+
+using namespace norvane;
+
+class TestSystemZone final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        folder_ = std::make_unique<QTemporaryDir>();
+        point(QStringLiteral("Europe/Berlin"));
+        qputenv("TZ", QFile::encodeName(u':' + link()));
+    }
+
+    void theZoneIsTheOneThatTheLinkNames()
+    {
+        const SystemZone zone;
+
+        QCOMPARE(zone.zone().id(), "Europe/Berlin");
+    }
+
+    void aLinkThatIsReplacedIsNoticed()
+    {
+        SystemZone zone;
+        zone.watch();
+        QSignalSpy changed{&zone, &LocalZone::changed};
+
+        point(QStringLiteral("Asia/Tokyo"));
+
+        QVERIFY(changed.wait());
+        QCOMPARE(zone.zone().id(), "Asia/Tokyo");
+    }
+
+    void aLinkThatIsRemovedAndMadeAnewIsNoticed()
+    {
+        SystemZone zone;
+        zone.watch();
+        QSignalSpy changed{&zone, &LocalZone::changed};
+
+        QFile::remove(link());
+        point(QStringLiteral("Asia/Tokyo"));
+
+        QTRY_COMPARE(zone.zone().id(), "Asia/Tokyo");
+    }
+
+    void anythingElseInTheFolderIsNoChange()
+    {
+        SystemZone zone;
+        zone.watch();
+        QSignalSpy changed{&zone, &LocalZone::changed};
+
+        QFile other{folder_->filePath(QStringLiteral("other"))};
+        QVERIFY(other.open(QFile::WriteOnly));
+
+        QVERIFY(!changed.wait(200));
+    }
+
+private:
+    [[nodiscard]] QString link() const { return folder_->filePath(QStringLiteral("localtime")); }
+
+    void point(const QString &zone) const
+    {
+        const QString made = folder_->filePath(QStringLiteral("new"));
+        QVERIFY(QFile::link(QStringLiteral("/usr/share/zoneinfo/") + zone, made));
+        QCOMPARE(std::rename(qUtf8Printable(made), qUtf8Printable(link())), 0);
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+QTEST_GUILESS_MAIN(TestSystemZone)
+#include "tst_SystemZone.moc"

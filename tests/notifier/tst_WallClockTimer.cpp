@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "notifier/WallClockTimer.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace norvane;
+using namespace std::chrono;
+
+namespace {
+
+sys_seconds thisSecond()
+{
+    return floor<seconds>(system_clock::now());
+}
+
+} // namespace
+
+class TestWallClockTimer final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aMomentThatPassedFiresAtOnce_data()
+    {
+        QTest::addColumn<qint64>("unixSeconds");
+        QTest::addRow("the epoch") << qint64{0};
+        QTest::addRow("the first year") << qint64{-62'135'596'800};
+        QTest::addRow("a day ago") << qint64{(thisSecond() - 24h).time_since_epoch().count()};
+    }
+
+    void aMomentThatPassedFiresAtOnce()
+    {
+        QFETCH(const qint64, unixSeconds);
+        WallClockTimer timer;
+        const QSignalSpy fired{&timer, &Alarm::fired};
+
+        timer.set(sys_seconds{seconds{unixSeconds}});
+
+        QTRY_COMPARE(fired.count(), 1);
+    }
+
+    void itFiresAtTheMomentAndNotBefore()
+    {
+        WallClockTimer timer;
+        QSignalSpy fired{&timer, &Alarm::fired};
+        const sys_seconds moment = thisSecond() + 1s;
+
+        timer.set(moment);
+
+        QVERIFY(fired.wait(5000));
+        QVERIFY(system_clock::now() >= moment);
+        QVERIFY(system_clock::now() < moment + 1s);
+    }
+
+    void anotherMomentReplacesTheFirst()
+    {
+        WallClockTimer timer;
+        QSignalSpy fired{&timer, &Alarm::fired};
+
+        timer.set(thisSecond() + 1s);
+        timer.set(thisSecond() + 24h);
+
+        QVERIFY(!fired.wait(2000));
+    }
+
+    void aMomentBeyondTheKernelsTimeWaits()
+    {
+        WallClockTimer timer;
+        QSignalSpy fired{&timer, &Alarm::fired};
+
+        timer.set(sys_days{9999y / December / 31});
+        QVERIFY(!fired.wait(200));
+        timer.set(sys_seconds::max());
+
+        QVERIFY(!fired.wait(200));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestWallClockTimer)
+#include "tst_WallClockTimer.moc"

@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "tests/panel/PanelFixture.h"
+
+#include "panel/DesktopPalette.h"
+
+#include <QAccessible>
+#include <QDateTime>
+#include <QGuiApplication>
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+#include <functional>
+
+namespace norvane {
+
+namespace {
+
+/// The first in the tree below an item, itself included, that is visible and fits.
+QQuickItem *first(QQuickItem *item, const std::function<bool(QQuickItem *)> &fits)
+{
+    if (!item->isVisible()) {
+        return nullptr;
+    }
+    if (fits(item)) {
+        return item;
+    }
+    // What lies on top comes last.
+    const QList<QQuickItem *> children = item->childItems();
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
+        if (QQuickItem *const found = first(*child, fits)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+QString accessibleText(QQuickItem *item, QAccessible::Text kind)
+{
+    QAccessibleInterface *const interface = QAccessible::queryAccessibleInterface(item);
+    return interface != nullptr && !interface->state().invisible ? interface->text(kind)
+                                                                 : QString{};
+}
+
+} // namespace
+
+/// A translation of a single text, in whatever context.
+class PanelFixture::OneText final : public QTranslator {
+public:
+    OneText(QString source, QString translation)
+        : source_{std::move(source)},
+          translation_{std::move(translation)}
+    {
+    }
+
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char * /*context*/, const char *source,
+                                    const char * /*disambiguation*/, int /*n*/) const override
+    {
+        return source_ == QString::fromUtf8(source) ? translation_ : QString{};
+    }
+
+private:
+    QString source_;
+    QString translation_;
+};
+
+PanelFixture::PanelFixture(QObject *parent) : QObject{parent} {}
+
+PanelFixture::~PanelFixture() = default;
+
+PanelContent *PanelFixture::start(const QVariantList &trials, const QString &locale)
+{
+    QList<Trial> list;
+    for (const QVariant &value : trials) {
+        const QVariantMap trial = value.toMap();
+        list.append(Trial::make(trial.value(QStringLiteral("name")).toString(),
+                                moment(trial.value(QStringLiteral("hours")).toDouble() * 3600),
+                                trial.value(QStringLiteral("cost")).toDouble(), {},
+                                PanelOnFakes::start));
+    }
+    panels_.push_back(
+        std::make_unique<PanelOnFakes>(list, QByteArrayLiteral("Europe/Berlin"), QLocale{locale}));
+    PanelContent &content = panels_.back()->content();
+    QQmlEngine::setObjectOwnership(&content, QQmlEngine::CppOwnership);
+    return &content;
+}
+
+PanelContent *PanelFixture::startWithMany(int count)
+{
+    QVariantList trials;
+    for (int number = 0; number < count; ++number) {
+        trials.append(QVariantMap{{QStringLiteral("name"), QStringLiteral("Trial %1").arg(number)},
+                                  {QStringLiteral("hours"), 50.0},
+                                  {QStringLiteral("cost"), 5.0}});
+    }
+    return start(trials);
+}
+
+void PanelFixture::moveClock(double seconds)
+{
+    panels_.back()->clock().set(moment(seconds));
+}
+
+QStringList PanelFixture::names() const
+{
+    QStringList names;
+    for (const Trial &trial : panels_.back()->content().store()->trials()) {
+        names.append(trial.name);
+    }
+    return names;
+}
+
+double PanelFixture::cost(int trial) const
+{
+    return panels_.back()->content().store()->trials().at(trial).cost;
+}
+
+double PanelFixture::end(int trial) const
+{
+    return secondsFromStart(panels_.back()->content().store()->trials().at(trial).endDate);
+}
+
+double PanelFixture::secondsFromStart(PointInTime moment) const
+{
+    return moment.secondsSinceReference() - PanelOnFakes::start.secondsSinceReference();
+}
+
+PointInTime PanelFixture::moment(double secondsFromStart) const
+{
+    return PanelOnFakes::start.advanced(secondsFromStart);
+}
+
+PointInTime PanelFixture::berlin(const QString &text) const
+{
+    QDateTime local = QDateTime::fromString(text, Qt::ISODateWithMs);
+    local.setTimeZone(QTimeZone{QByteArrayLiteral("Europe/Berlin")});
+    return PointInTime::fromUnixSeconds(static_cast<double>(local.toMSecsSinceEpoch()) / 1000);
+}
+
+QQuickItem *PanelFixture::find(QQuickItem *anywhere, const QString &name,
+                               const QString &description) const
+{
+    return first(anywhere->window()->contentItem(), [&](QQuickItem *item) {
+        return accessibleText(item, QAccessible::Name) == name &&
+               (description.isEmpty() ||
+                accessibleText(item, QAccessible::Description) == description);
+    });
+}
+
+QQuickItem *PanelFixture::text(QQuickItem *anywhere, const QString &text) const
+{
+    return first(anywhere->window()->contentItem(),
+                 [&](QQuickItem *item) { return item->property("text").toString() == text; });
+}
+
+QString PanelFixture::nameOf(QQuickItem *item) const
+{
+    return item != nullptr ? accessibleText(item, QAccessible::Name) : QString{};
+}
+
+QString PanelFixture::descriptionOf(QQuickItem *item) const
+{
+    return accessibleText(item, QAccessible::Description);
+}
+
+QString PanelFixture::roleOf(QQuickItem *item) const
+{
+    QAccessibleInterface *const interface = QAccessible::queryAccessibleInterface(item);
+    const QMetaEnum roles = QMetaEnum::fromType<QAccessible::Role>();
+    return QString::fromLatin1(roles.valueToKey(interface->role()));
+}
+
+int PanelFixture::countOf(QQuickItem *below, const QString &type) const
+{
+    int count = QString::fromLatin1(below->metaObject()->className()).startsWith(type) ? 1 : 0;
+    for (QQuickItem *const child : below->childItems()) {
+        count += countOf(child, type);
+    }
+    return count;
+}
+
+void PanelFixture::settle(QQuickItem *anywhere) const
+{
+    anywhere->window()->grabWindow();
+}
+
+void PanelFixture::setPalette(const QString &name) const
+{
+    if (name == QStringLiteral("light")) {
+        QGuiApplication::setPalette(DesktopPalette::light());
+    } else if (name == QStringLiteral("dark")) {
+        QGuiApplication::setPalette(DesktopPalette::dark());
+    } else {
+        QGuiApplication::setPalette(QPalette{QColor{name}, QColor{name}});
+    }
+}
+
+void PanelFixture::setFontPixels(int pixels) const
+{
+    QFont font{QStringLiteral("Noto Sans")};
+    font.setPixelSize(pixels);
+    QGuiApplication::setFont(font);
+}
+
+void PanelFixture::setRightToLeft(bool mirrored) const
+{
+    QGuiApplication::setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+}
+
+void PanelFixture::translate(const QString &source, const QString &translation)
+{
+    translator_ = std::make_unique<OneText>(source, translation);
+    QCoreApplication::installTranslator(translator_.get());
+}
+
+} // namespace norvane

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "tests/panel/PanelOnFakes.h"
+
+#include <QObject>
+#include <QQuickItem>
+#include <QTranslator>
+#include <QVariantList>
+
+#include <memory>
+#include <vector>
+
+namespace norvane {
+
+/// What a Qt Quick test of the panel holds in its hands: the machine below the panel, and items
+/// of the window by what a screen reader calls them.
+class PanelFixture : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PanelFixture(QObject *parent = nullptr);
+    ~PanelFixture() override;
+
+    /// A new panel's content over these trials, each with `name`, `hours` left, and `cost`; lives
+    /// as long as the fixture. The zone is Europe/Berlin.
+    Q_INVOKABLE norvane::PanelContent *start(const QVariantList &trials,
+                                             const QString &locale = QStringLiteral("en_US"));
+    Q_INVOKABLE norvane::PanelContent *startWithMany(int count);
+    /// Sets the clock, in seconds after the fixture's start.
+    Q_INVOKABLE void moveClock(double seconds);
+
+    /// The store's trials.
+    Q_INVOKABLE [[nodiscard]] QStringList names() const;
+    Q_INVOKABLE [[nodiscard]] double cost(int trial) const;
+    /// Seconds from the fixture's start to the end of a trial.
+    Q_INVOKABLE [[nodiscard]] double end(int trial) const;
+    /// The same of any moment.
+    Q_INVOKABLE [[nodiscard]] double secondsFromStart(norvane::PointInTime moment) const;
+    Q_INVOKABLE [[nodiscard]] norvane::PointInTime moment(double secondsFromStart) const;
+    /// The moment of a wall clock in the fixture's zone, from ISO text without a zone.
+    Q_INVOKABLE [[nodiscard]] norvane::PointInTime berlin(const QString &text) const;
+
+    /// The visible item with this accessible name, and description where one is given.
+    Q_INVOKABLE [[nodiscard]] QQuickItem *find(QQuickItem *anywhere, const QString &name,
+                                               const QString &description = {}) const;
+    /// The visible item that shows exactly this text.
+    Q_INVOKABLE [[nodiscard]] QQuickItem *text(QQuickItem *anywhere, const QString &text) const;
+    Q_INVOKABLE [[nodiscard]] QString nameOf(QQuickItem *item) const;
+    Q_INVOKABLE [[nodiscard]] QString descriptionOf(QQuickItem *item) const;
+    Q_INVOKABLE [[nodiscard]] QString roleOf(QQuickItem *item) const;
+    /// How many items of this type there are below an item, shown or not.
+    Q_INVOKABLE [[nodiscard]] int countOf(QQuickItem *below, const QString &type) const;
+
+    /// Lays out and draws what is still to be.
+    Q_INVOKABLE void settle(QQuickItem *anywhere) const;
+
+    /// "light", "dark", or the name of a colour for everything's background.
+    Q_INVOKABLE void setPalette(const QString &name) const;
+    Q_INVOKABLE void setFontPixels(int pixels) const;
+    Q_INVOKABLE void setRightToLeft(bool mirrored) const;
+    /// Lets a text be translated so, until the fixture is gone.
+    Q_INVOKABLE void translate(const QString &source, const QString &translation);
+
+private:
+    class OneText;
+
+    std::vector<std::unique_ptr<PanelOnFakes>> panels_; ///< The last is the current one.
+    std::unique_ptr<OneText> translator_;
+};
+
+} // namespace norvane

@@ -1,0 +1,106 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+"""Uses Norvane as a screen reader does: finds everything by role and name, and presses it so.
+
+    accessibility.py BUILD
+"""
+
+import json
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests/support"))
+
+from desktop import ACCESSIBLE, Desktop, fresh_folder, wait_until  # noqa: E402
+
+
+class User:
+    """Somebody at a desktop who sees nothing."""
+
+    def __init__(self, desktop, program):
+        self.desktop = desktop
+        self.program = program
+        self.trials_file = desktop.home / ".local/share/Norvane/trials.json"
+
+    def see(self, role, name, description=None):
+        return wait_until(lambda: self.desktop.find(role, name, description), f"{role} {name!r}")
+
+    def miss(self, role, name):
+        wait_until(lambda: not self.desktop.find(role, name), f"no {role} {name!r}")
+
+    def press(self, role, name, description=None):
+        self.see(role, name, description)
+        words = [role, name] if description is None else [role, name, description]
+        self.desktop.run("/usr/bin/python3", ACCESSIBLE, "press", "Norvane", *words)
+
+    def focused(self, role, name):
+        wait_until(lambda: (self.desktop.find(role, name) or {}).get("focused"), f"the focus on {name!r}")
+
+    def names(self):
+        return [trial["name"] for trial in json.loads(self.trials_file.read_text())]
+
+    def open_panel(self):
+        self.desktop.start(self.program)
+        wait_until(lambda: self.desktop.owns("org.norvane.Norvane"), "Norvane on the bus")
+        self.desktop.run(self.program)  # The second one asks the first to show its panel.
+        self.see("push button", "Quit")
+
+    def add(self, name, cost):
+        self.press("push button", "Add Trial")
+        self.focused("text", "Service name")
+        self.desktop.type(name)
+        for field in ("Trial ends", "Monthly cost after trial"):
+            self.see("text", field)
+        self.desktop.key("Tab", "Tab", "Tab", "Tab")
+        self.focused("text", "Monthly cost after trial")
+        self.desktop.type(cost)
+        self.press("push button", "Track Trial")
+        self.see("list item", f"{name}, 6d left · ${cost}")  # Seven days from a moment ago.
+
+
+def walk(user):
+    user.open_panel()
+    user.see("label", "No trials tracked")
+    user.see("label", "0 active")
+
+    user.add("Acme Cloud", "9.50")
+    assert user.names() == ["Acme Cloud"], user.names()
+    user.see("label", "1 active")
+    user.see("list", "Trials")
+
+    user.press("push button", "Add Trial")
+    user.focused("text", "Service name")
+    user.desktop.type("Radio Norte")
+    user.press("push button", "Cancel")
+    user.miss("text", "Service name")
+    assert user.names() == ["Acme Cloud"], user.names()
+
+    user.press("push button", "Delete", "Acme Cloud")
+    user.see("dialog", "Delete Trial?")
+    user.see("label", 'Remove "Acme Cloud" from Norvane?')
+    user.focused("push button", "Cancel")
+    user.press("push button", "Cancel")
+    user.miss("dialog", "Delete Trial?")
+    assert user.names() == ["Acme Cloud"], user.names()
+
+    user.press("push button", "Delete", "Acme Cloud")
+    user.see("dialog", "Delete Trial?")
+    user.press("push button", "Delete", "")
+    user.see("label", "No trials tracked")
+    assert user.names() == [], user.names()
+
+    user.press("push button", "Quit")
+
+
+def main(build):
+    folder = fresh_folder(Path(build) / "accessibility-desktop")
+    with Desktop(folder) as desktop:
+        walk(User(desktop, Path(build) / "app/norvane"))
+        wait_until(lambda: not desktop.owns("org.norvane.Norvane"), "the end of Norvane")
+        noise = (folder / "norvane.log").read_text()
+        assert not noise, f"Norvane said on the console: {noise}"
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])

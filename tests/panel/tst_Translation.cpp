@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "panel/Translation.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QTest>
+#include <QXmlStreamReader>
+
+using namespace norvane;
+
+namespace {
+
+struct Message {
+    QString context;
+    QString source;
+};
+
+/// The messages of the template, which has every text of the panel.
+QList<Message> messages()
+{
+    QFile file{QStringLiteral(NORVANE_TRANSLATIONS "/norvane.ts")};
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("No template of the translations");
+    }
+    QList<Message> messages;
+    QString context;
+    for (QXmlStreamReader reader{&file}; !reader.atEnd();) {
+        if (reader.readNext() != QXmlStreamReader::StartElement) {
+            continue;
+        }
+        if (reader.name() == u"name") {
+            context = reader.readElementText();
+        } else if (reader.name() == u"source") {
+            messages.append({.context = context, .source = reader.readElementText()});
+        }
+    }
+    return messages;
+}
+
+QString translated(const Message &message)
+{
+    return QCoreApplication::translate(message.context.toUtf8().constData(),
+                                       message.source.toUtf8().constData());
+}
+
+void addLanguages()
+{
+    QTest::addColumn<QString>("locale");
+    for (const char *const locale : {"de_AT", "fr_CA", "es_MX", "ja_JP", "ar_EG"}) {
+        QTest::newRow(locale) << locale;
+    }
+}
+
+} // namespace
+
+class TestTranslation final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyTextIsTranslated_data() { addLanguages(); }
+    void everyTextIsTranslated()
+    {
+        QFETCH(const QString, locale);
+        const QStringList same{QStringLiteral("Norvane"), QStringLiteral("$"),
+                               QStringLiteral("0.00")};
+        QVERIFY(messages().size() > 20);
+
+        const Translation translation{QLocale{locale}};
+
+        for (const Message &message : messages()) {
+            QVERIFY2((translated(message) == message.source) == same.contains(message.source),
+                     qPrintable(message.source));
+        }
+    }
+
+    void everyTranslationHasItsPlaceholderOnce_data() { addLanguages(); }
+    void everyTranslationHasItsPlaceholderOnce()
+    {
+        QFETCH(const QString, locale);
+
+        const Translation translation{QLocale{locale}};
+
+        for (const Message &message : messages()) {
+            for (const auto &placeholder : {QStringLiteral("%lld"), QStringLiteral("%@")}) {
+                QCOMPARE(translated(message).count(placeholder), message.source.count(placeholder));
+            }
+        }
+    }
+
+    void theNameStandsBetweenStraightQuotes_data() { addLanguages(); }
+    void theNameStandsBetweenStraightQuotes()
+    {
+        QFETCH(const QString, locale);
+
+        const Translation translation{QLocale{locale}};
+
+        const QString message =
+            translated({.context = QStringLiteral("AlertContent"),
+                        .source = QStringLiteral("Remove \"%@\" from Norvane?")});
+        QCOMPARE(message.count(u'"'), 2);
+    }
+
+    void aLanguageWithoutTranslationShowsTheTextsAsWritten()
+    {
+        const Translation translation{QLocale{QStringLiteral("fi_FI")}};
+
+        for (const Message &message : messages()) {
+            QCOMPARE(translated(message), message.source);
+        }
+    }
+
+    void linesRunAsInTheLocaleAlsoWithoutATranslation()
+    {
+        {
+            const Translation hebrew{QLocale{QStringLiteral("he_IL")}};
+            QCOMPARE(QGuiApplication::layoutDirection(), Qt::RightToLeft);
+        }
+        const Translation arabic{QLocale{QStringLiteral("ar_EG")}};
+        QCOMPARE(QGuiApplication::layoutDirection(), Qt::RightToLeft);
+        const Translation german{QLocale{QStringLiteral("de_DE")}};
+        QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight);
+    }
+};
+
+QTEST_MAIN(TestTranslation)
+#include "tst_Translation.moc"

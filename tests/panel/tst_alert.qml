@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtTest
+
+PanelTest {
+    id: test
+
+    name: "alert"
+
+    function ask(name = "Netflix") {
+        const panel = open([{ name: name, hours: 50, cost: 0 }, { name: "Acme", hours: 50, cost: 0 }])
+        click("Delete", name)
+        found("Delete Trial?")
+        return panel
+    }
+
+    function deleteButton() { return fixture.text(test, "Delete") }
+
+    function test_itAsksWithTheNameBetweenStraightQuotes() {
+        ask()
+
+        verify(find("Remove \"Netflix\" from Norvane?"))
+    }
+
+    function test_deleteStandsBeforeCancelWhichHasTheFocus() {
+        ask()
+
+        verify(deleteButton().mapToItem(test, 0, 0).x < find("Cancel").mapToItem(test, 0, 0).x)
+        compare(focusName(), "Cancel")
+        verify(!Qt.colorEqual(deleteButton().color, find("Cancel").color))
+    }
+
+    function test_returnOnCancelAndEscapeBothKeepTheTrial_data() {
+        return [{ tag: "Return", key: Qt.Key_Return }, { tag: "Enter", key: Qt.Key_Enter }, { tag: "Escape", key: Qt.Key_Escape }]
+    }
+    function test_returnOnCancelAndEscapeBothKeepTheTrial(data) {
+        ask()
+
+        keyClick(data.key)
+
+        verify(!find("Delete Trial?"))
+        compare(fixture.names(), ["Netflix", "Acme"])
+        compare([focusName(), fixture.descriptionOf(focusItem())], ["Delete", "Netflix"])
+    }
+
+    function test_theTabKeyStaysBetweenTheTwoButtons() {
+        ask()
+
+        const visited = []
+        for (let step = 0; step < 4; ++step) {
+            visited.push(focusName())
+            keyClick(Qt.Key_Tab)
+        }
+
+        compare(visited, ["Cancel", "Delete", "Cancel", "Delete"])
+    }
+
+    function test_everythingBehindItIsBlocked() {
+        const panel = ask()
+
+        mouseClick(panel, 40, 400) // Add Trial.
+        verify(!panel.showingAdd)
+        mouseClick(panel, 335, 110) // The other row's trash.
+        mouseWheel(panel, 180, 100, 0, -120)
+        verify(find("Remove \"Netflix\" from Norvane?"))
+        verify(find("Delete Trial?"))
+    }
+
+    function test_theFormsShortcutsRestWhileItIsUp() {
+        const panel = open([{ name: "Netflix", hours: 50, cost: 0 }])
+        click("Add Trial")
+        type("Acme")
+        click("Delete", "Netflix")
+        found("Delete Trial?")
+
+        keyClick(Qt.Key_Return, Qt.ControlModifier)
+        keyClick(Qt.Key_Escape, Qt.ControlModifier)
+
+        compare(fixture.names(), ["Netflix"])
+        compare(panel.newName, "Acme")
+    }
+
+    function test_afterADeletionTheFocusIsOnTheNextRow() {
+        ask()
+        keyClick(Qt.Key_Tab)
+        keyClick(Qt.Key_Return)
+
+        tryVerify(() => fixture.names().length === 1)
+        tryVerify(() => focusName() === "Delete" && fixture.descriptionOf(focusItem()) === "Acme")
+    }
+
+    function test_aVeryLongNameLeavesTheButtonsInSight_data() {
+        return [{ tag: "words", name: "long name ".repeat(100), pixels: 13 },
+                { tag: "one word", name: "x".repeat(2000), pixels: 13 },
+                { tag: "large text", name: "long name ".repeat(100), pixels: 30 }]
+    }
+    function test_aVeryLongNameLeavesTheButtonsInSight(data) {
+        fixture.setFontPixels(data.pixels)
+        const panel = ask(data.name)
+
+        for (const button of [deleteButton(), find("Cancel")]) {
+            verify(button.mapToItem(panel, button.width, button.height).y <= 404)
+            verify(button.mapToItem(panel, 0, 0).y >= 16)
+            verify(button.mapToItem(panel, button.width, button.height).x <= 344)
+        }
+    }
+
+    function test_aNameWithPlaceholdersInItIsShownAsItIs() {
+        ask("%@ %lld %1 $&")
+
+        verify(find("Remove \"%@ %lld %1 $&\" from Norvane?"))
+    }
+}

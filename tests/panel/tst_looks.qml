@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtTest
+
+import org.norvane.panel
+
+PanelTest {
+    id: test
+
+    name: "looks"
+
+    function backgrounds() {
+        return [{ tag: "light" }, { tag: "dark" }, { tag: "#efefef" }, { tag: "#808080" }, { tag: "#ffe4b5" }]
+    }
+
+    function test_textCanBeReadOnEveryPalette_data() { return backgrounds() }
+    function test_textCanBeReadOnEveryPalette(data) {
+        fixture.setPalette(data.tag)
+
+        for (const color of [Theme.primary, Theme.secondary, Theme.red.text, Theme.orange.text, Theme.yellow.text, Theme.green.text])
+            verify(Contrast.ratio(color, Theme.background) >= 4.5, color)
+    }
+
+    function test_symbolsAndFramesCanBeToldOnEveryPalette_data() { return backgrounds() }
+    function test_symbolsAndFramesCanBeToldOnEveryPalette(data) {
+        fixture.setPalette(data.tag)
+
+        for (const hue of [Theme.red, Theme.orange, Theme.yellow, Theme.green]) {
+            verify(Contrast.ratio(hue.symbol, Theme.background) >= 3)
+            verify(Contrast.ratio(hue.symbolOnPatch, hue.patch) >= 3)
+        }
+        verify(Contrast.ratio(Theme.accent, Theme.background) >= 3)
+        verify(Contrast.ratio(Theme.outline, Theme.field) >= 3)
+    }
+
+    function test_aSwitchBetweenLightAndDarkIsFollowedAtOnce() {
+        const panel = open([{ name: "Acme", hours: 73, cost: 0 }])
+        const days = fixture.text(test, "3d left")
+        const light = [panel.color, days.color].join()
+        verify(panel.color.hslLightness > 0.5)
+
+        fixture.setPalette("dark")
+
+        tryVerify(() => panel.color.hslLightness < 0.5)
+        verify([panel.color, days.color].join() !== light)
+    }
+
+    function test_aLargerDesktopFontIsFollowedAtOnce() {
+        const panel = open([{ name: "Acme", hours: 73, cost: 0 }])
+        const name = fixture.text(test, "Acme")
+        const height = name.height
+
+        fixture.setFontPixels(26)
+
+        tryVerify(() => name.height > 1.5 * height)
+    }
+
+    function test_textStylesAreTheOnesOfTheirPlaces() {
+        open([])
+
+        compare(fixture.text(test, "Norvane").font, Theme.headline)
+        compare(fixture.text(test, "0 active").font, Theme.caption)
+        compare(fixture.text(test, "No trials tracked").font, Theme.body)
+        compare(fixture.text(test, "Add a free trial to get started").font, Theme.caption)
+        verify(Theme.largeTitle.pixelSize > Theme.title3.pixelSize)
+        verify(Theme.title3.pixelSize > Theme.body.pixelSize)
+        verify(Theme.body.pixelSize > Theme.caption.pixelSize)
+    }
+
+    function test_everyControlHasItsRoleAndName() {
+        open([{ name: "Acme", hours: 73, cost: 0 }])
+        click("Add Trial")
+
+        compare(fixture.roleOf(find("Trials")), "List")
+        compare(fixture.roleOf(find("Acme, 3d left")), "ListItem")
+        compare(fixture.roleOf(find("Delete", "Acme")), "Button")
+        compare(fixture.roleOf(find("Service name")), "EditableText")
+        compare(fixture.roleOf(find("Trial ends", "Day")), "EditableText")
+        compare(fixture.roleOf(find("Trial ends", "Time")), "EditableText")
+        compare(fixture.roleOf(find("Monthly cost after trial")), "EditableText")
+        for (const button of ["Choose a day", "Cancel", "Track Trial", "Quit"])
+            compare(fixture.roleOf(find(button)), "Button")
+    }
+
+    function test_aFocusedButtonShowsItAndAPressedOneDoesNotNeedTo() {
+        open([])
+
+        keyClick(Qt.Key_Tab)
+        compare(focusName(), "Add Trial")
+        verify(find("Add Trial").background.visible)
+        mousePress(find("Quit"))
+        verify(!find("Quit").background.visible)
+        mouseMove(test, 180, 100)
+        mouseRelease(test, 180, 100)
+    }
+
+    function test_textsOfTheHeaderAreTranslatedAsKeys() {
+        fixture.translate("%lld active", "%lld laufen")
+
+        open([{ name: "Acme", hours: 73, cost: 0 }])
+
+        verify(find("1 laufen"))
+        fixture.translate("", "")
+    }
+}

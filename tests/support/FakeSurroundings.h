@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/Surroundings.h"
+#include "tests/support/FixedCalendarSource.h"
+#include "tests/support/HandMovedClock.h"
+#include "tests/support/HeldBackgroundTasks.h"
+#include "tests/support/RecordingNotificationCenter.h"
+#include "tests/support/TemporaryFolders.h"
+
+namespace norvane {
+
+/// Everything the program needs of the machine, in the hands of a test.
+struct FakeSurroundings {
+    /// 2025-01-01 00:00:00 UTC.
+    static constexpr PointInTime start{757'382'400};
+
+    HandMovedClock clock{start};
+    FixedCalendarSource calendars;
+    TemporaryFolders folders;
+    RecordingNotificationCenter center;
+    HeldBackgroundTasks tasks;
+
+    [[nodiscard]] Surroundings all() { return {clock, calendars, folders, center, tasks}; }
+};
+
+} // namespace norvane

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/CalendarSource.h"
+
+#include <QByteArray>
+
+namespace norvane {
+
+/// The calendar of one time zone, whatever the machine's.
+class FixedCalendarSource final : public CalendarSource {
+public:
+    explicit FixedCalendarSource(const QByteArray &zone = QByteArrayLiteral("UTC"))
+        : calendar_{QTimeZone{zone}}
+    {
+    }
+
+    [[nodiscard]] Calendar current() const override { return calendar_; }
+
+private:
+    Calendar calendar_;
+};
+
+} // namespace norvane

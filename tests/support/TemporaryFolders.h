@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/Folders.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace norvane {
+
+/// A fresh folder for application data that is gone with this object.
+class TemporaryFolders final : public Folders {
+public:
+    TemporaryFolders()
+    {
+        // Also the tests that run as another user must get in.
+        QFile::setPermissions(temporary_.path(), QFile::Permissions{0x7755});
+    }
+    TemporaryFolders(const TemporaryFolders &) = delete;
+    TemporaryFolders &operator=(const TemporaryFolders &) = delete;
+    ~TemporaryFolders() override
+    {
+        // A test may have locked what is to be removed.
+        for (const QString &path : {root(), storeFolder()}) {
+            QFile::setPermissions(path, QFile::Permissions{0x7700});
+        }
+    }
+
+    [[nodiscard]] QStringList applicationSupportFolders() const override { return folders_; }
+
+    /// What applicationSupportFolders() answers instead of the one fresh folder.
+    void answer(const QStringList &folders) { folders_ = folders; }
+
+    [[nodiscard]] QString root() const { return temporary_.path(); }
+    [[nodiscard]] QString storeFolder() const { return root() + QStringLiteral("/Norvane"); }
+    [[nodiscard]] QString trialsFile() const
+    {
+        return storeFolder() + QStringLiteral("/trials.json");
+    }
+
+    /// What the trials file holds; a null array without one.
+    [[nodiscard]] QByteArray bytes() const
+    {
+        QFile file{trialsFile()};
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray{};
+    }
+    /// Makes the trials file, and its folder where needed.
+    void write(const QByteArray &bytes) const
+    {
+        QDir{}.mkpath(storeFolder());
+        QFile file{trialsFile()};
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+            qFatal("Cannot write %s", qUtf8Printable(file.fileName()));
+        }
+    }
+
+private:
+    QTemporaryDir temporary_;
+    QStringList folders_{temporary_.path()};
+};
+
+} // namespace norvane

@@ -1,0 +1,122 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+
+"""A notification server that records what it is given, and can be told to misbehave."""
+
+import threading
+import time
+from dataclasses import dataclass, field
+
+from gi.repository import Gio, GLib
+
+from .bus import PrivateBus
+from .waiting import wait_until
+
+NAME = "org.freedesktop.Notifications"
+PATH = "/org/freedesktop/Notifications"
+INTERFACE = """<node><interface name="org.freedesktop.Notifications">
+  <method name="GetCapabilities"><arg type="as" direction="out"/></method>
+  <method name="Notify">
+    <arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/>
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="as" direction="in"/>
+    <arg type="a{sv}" direction="in"/><arg type="i" direction="in"/><arg type="u" direction="out"/>
+  </method>
+  <signal name="NotificationClosed"><arg type="u"/><arg type="u"/></signal>
+</interface></node>"""
+
+
+@dataclass(frozen=True)
+class Shown:
+    """One notification as it arrived."""
+
+    time: float  # Seconds since 1970, when the call arrived.
+    sender: str  # The caller's name on the bus; every process has another.
+    id: int
+    application: str
+    icon: str
+    title: str
+    body: str
+    actions: list[str]
+    hints: dict[str, object]
+    timeout: int
+
+
+@dataclass
+class NotificationServer:
+    """Owns the server's name on the bus from start() to stop(); calls arrive on its own thread.
+
+    behaviour: "take" shows everything, "refuse" answers with an error, "ignore" never answers,
+    "distinct" refuses a text that came within the last second already.
+    """
+
+    bus: PrivateBus
+    capabilities: tuple[str, ...] = ("body", "body-markup")
+    behaviour: str = "take"
+    shown: list[Shown] = field(default_factory=list)
+    attempts: int = 0  # Notify calls, also those that were not taken.
+
+    def start(self):
+        ready = threading.Event()
+        self._thread = threading.Thread(target=self._run, args=(ready,), daemon=True)
+        self._thread.start()
+        assert ready.wait(10)
+        return self
+
+    def stop(self):
+        """Leaves the bus, as a server does that ends or crashes."""
+        self._loop.quit()
+        self._thread.join()
+
+    def __enter__(self):
+        return self.start()
+
+    def __exit__(self, *_):
+        self.stop()
+
+    def close_notification(self, identifier: int):
+        self._connection.emit_signal(None, PATH, NAME, "NotificationClosed",
+                                     GLib.Variant("(uu)", (identifier, 2)))
+
+    def wait_for(self, count: int, seconds: float = 20) -> list[Shown]:
+        """What was shown, once there are at least so many."""
+        wait_until(lambda: len(self.shown) >= count, seconds, f"notification {count}")
+        return list(self.shown)
+
+    @property
+    def titles(self) -> list[str]:
+        return [notification.title for notification in self.shown]
+
+    def _run(self, ready):
+        context = GLib.MainContext()
+        context.push_thread_default()
+        self._loop = GLib.MainLoop(context)
+        self._connection = self.bus.connect()
+        interface = Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0]
+        self._connection.register_object(PATH, interface, self._called, None, None)
+        self._connection.call_sync(
+            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+            GLib.Variant("(su)", (NAME, 4)), None, Gio.DBusCallFlags.NONE, -1, None)
+        ready.set()
+        self._loop.run()
+        self._connection.close_sync(None)
+        context.pop_thread_default()
+
+    def _called(self, _connection, sender, _path, _interface, method, arguments, invocation):
+        if method == "GetCapabilities":
+            invocation.return_value(GLib.Variant("(as)", (list(self.capabilities),)))
+            return
+        now = time.time()
+        self.attempts += 1
+        application, _, icon, title, body, actions, hints, timeout = arguments.unpack()
+        repeated = any(one.title == title and one.body == body and now - one.time < 1
+                       for one in self.shown[-20:])
+        if self.behaviour == "ignore":
+            return
+        if self.behaviour == "refuse" or (self.behaviour == "distinct" and repeated):
+            invocation.return_dbus_error(
+                "org.freedesktop.Notifications.Error.ExcessNotificationGeneration", "Not now")
+            return
+        shown = Shown(now, sender, len(self.shown) + 1, application, icon, title, body, actions,
+                      hints, timeout)
+        self.shown.append(shown)
+        invocation.return_value(GLib.Variant("(u)", (shown.id,)))
