@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+// How long the store takes to be ready, by the number of trials in its file: reading, planning
+// every reminder and writing the file again. The time per trial must not grow with their number.
+
+#include "model/record/TrialsFile.h"
+#include "model/store/TrialStore.h"
+#include "platform/BackgroundTasks.h"
+#include "platform/CalendarSource.h"
+#include "platform/Clock.h"
+#include "platform/Folders.h"
+#include "platform/NotificationCenter.h"
+#include "platform/Surroundings.h"
+#include "platform/desktop/SystemCalendarSource.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+using namespace norvane;
+
+namespace {
+
+constexpr PointInTime now{757'382'400};
+
+class StoppedClock final : public Clock {
+public:
+    [[nodiscard]] PointInTime now() const override { return ::now; }
+};
+
+class OneZone final : public CalendarSource {
+public:
+    [[nodiscard]] Calendar current() const override { return calendar_; }
+
+private:
+    Calendar calendar_{QTimeZone{"Europe/Berlin"}};
+};
+
+class TemporaryFolder final : public Folders {
+public:
+    [[nodiscard]] QStringList applicationSupportFolders() const override
+    {
+        return {folder_.path()};
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+/// Takes everything and keeps nothing, so that only Norvane's own work is measured.
+class SilentCenter final : public NotificationCenter {
+public:
+    void requestAuthorization(Options /*options*/) override {}
+    void addNotificationRequest(const NotificationRequest &request) override
+    {
+        benchmark::DoNotOptimize(request.identifier.size());
+    }
+    void removePendingNotificationRequests(const QStringList & /*identifiers*/) override {}
+    void removeAllPendingNotificationRequests() override {}
+};
+
+class NoTasks final : public BackgroundTasks {
+public:
+    void detach(std::function<void()> /*work*/) override {}
+};
+
+/// Trials that all get three reminders.
+QByteArray fileOf(qint64 count)
+{
+    QList<Trial> trials;
+    for (qint64 number = 0; number < count; ++number) {
+        trials.append(Trial::make(QStringLiteral("Trial %1").arg(number),
+                                  now.advanced(10 * 86'400.0 + static_cast<double>(number)), 9.99,
+                                  QStringLiteral("notes"), now));
+    }
+    return *TrialsFile::encode(trials);
+}
+
+template <typename Calendars>
+void storeStart(benchmark::State &state)
+{
+    const StoppedClock clock;
+    const Calendars calendars;
+    const TemporaryFolder folders;
+    SilentCenter center;
+    NoTasks tasks;
+    const QDir folder{folders.applicationSupportFolders().first() + QStringLiteral("/Norvane")};
+    folder.mkpath(QStringLiteral("."));
+    QFile file{folder.filePath(QStringLiteral("trials.json"))};
+    if (!file.open(QIODevice::WriteOnly) || file.write(fileOf(state.range())) < 0) {
+        state.SkipWithError("cannot write the trials file");
+    }
+    file.close();
+
+    for (auto _ : state) {
+        const TrialStore store{{clock, calendars, folders, center, tasks}};
+        benchmark::DoNotOptimize(store.trials().size());
+    }
+
+    state.counters["per_trial"] = benchmark::Counter(static_cast<double>(state.range()),
+                                                     benchmark::Counter::kIsIterationInvariantRate |
+                                                         benchmark::Counter::kInvert);
+    state.SetComplexityN(state.range());
+}
+
+BENCHMARK_TEMPLATE(storeStart, OneZone)
+    ->RangeMultiplier(10)
+    ->Range(100, 10'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
+BENCHMARK_TEMPLATE(storeStart, SystemCalendarSource)
+    ->RangeMultiplier(10)
+    ->Range(100, 10'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
+
+} // namespace
+
+BENCHMARK_MAIN();
