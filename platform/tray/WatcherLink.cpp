@@ -40,12 +40,17 @@ void WatcherLink::start()
         return;
     }
     connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &owner) { setOwner(owner); });
+            [this](const QString &, const QString &, const QString &owner) {
+                isAsked_ = false;
+                hasHost_ = false;
+                setOwner(owner);
+            });
     bus_.connect(watcherName, watcherPath, watcherName,
                  QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(hostRegistered()));
     bus_.connect(watcherName, watcherPath, watcherName,
                  QStringLiteral("StatusNotifierHostUnregistered"), this, SLOT(hostUnregistered()));
 
+    registerItem(); // The icon need not wait until it is known who will show it.
     QDBusMessage question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
@@ -64,10 +69,9 @@ void WatcherLink::setOwner(const QString &owner)
 {
     decided_ = true;
     present_ = !owner.isEmpty();
-    hasHost_ = false;
     retry_.stop();
-    if (present_) {
-        attemptsLeft_ = attempts;
+    attemptsLeft_ = attempts;
+    if (present_ && !isAsked_) {
         registerItem();
     }
     emit changed();
@@ -75,6 +79,7 @@ void WatcherLink::setOwner(const QString &owner)
 
 void WatcherLink::registerItem()
 {
+    isAsked_ = true;
     --attemptsLeft_;
     QDBusMessage call = QDBusMessage::createMethodCall(
         watcherName, watcherPath, watcherName, QStringLiteral("RegisterStatusNotifierItem"));
@@ -85,7 +90,10 @@ void WatcherLink::registerItem()
         reply->deleteLater();
         if (!reply->isError()) {
             askForHost();
-        } else if (present_ && attemptsLeft_ > 0) {
+            return;
+        }
+        isAsked_ = false;
+        if (present_ && attemptsLeft_ > 0) {
             retry_.start();
         }
     });

@@ -48,6 +48,7 @@ private:
     QDBusServiceWatcher owners_;
     QTimer retry_;
     int attemptsLeft_ = 0; ///< A watcher may own its name before it can answer.
+    bool isAsked_ = false; ///< This owner was asked to take the item, and has not refused.
     bool decided_ = false;
     bool present_ = false;
     bool hasHost_ = false;
