@@ -61,6 +61,8 @@ Popover::Popover(PanelContent &content, WindowSystem &windowSystem)
     setSource(QUrl{QStringLiteral("qrc:/qt/qml/org/norvane/shell/PopoverFrame.qml")});
     connect(engine(), &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit, Qt::QueuedConnection);
     watchScreens();
+    // A first frame that nobody sees, so that the one at the press finds its pictures and letters.
+    QMetaObject::invokeMethod(this, &QQuickWindow::grabWindow, Qt::QueuedConnection);
 }
 
 void Popover::showBeside(const std::optional<IconPress> &press)
