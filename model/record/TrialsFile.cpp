@@ -39,6 +39,19 @@ Json texts(const QStringList &list)
     return array;
 }
 
+QByteArray object(const Trial &trial)
+{
+    const Json members{{"id", trial.idText().toStdString()},
+                       {"name", trial.name.toStdString()},
+                       {"endDate", number(trial.endDate.secondsSinceReference())},
+                       {"cost", number(trial.cost)},
+                       {"notes", trial.notes.toStdString()},
+                       {"createdAt", number(trial.createdAt.secondsSinceReference())},
+                       {"notificationIds", texts(trial.notificationIds)}};
+    // A solidus can only stand inside a text, where this is its escaped form.
+    return QByteArray::fromStdString(members.dump()).replace('/', "\\/");
+}
+
 bool isWritable(const Trial &trial)
 {
     return std::isfinite(trial.cost) && std::isfinite(trial.endDate.secondsSinceReference()) &&
@@ -52,18 +65,15 @@ std::optional<QByteArray> TrialsFile::encode(const QList<Trial> &trials)
     if (!std::ranges::all_of(trials, isWritable)) {
         return std::nullopt;
     }
-    Json array = Json::array();
+    // One after the other: all of them as one document would weigh many times the text.
+    QByteArray text = QByteArrayLiteral("[");
     for (const Trial &trial : trials) {
-        array.push_back({{"id", trial.idText().toStdString()},
-                         {"name", trial.name.toStdString()},
-                         {"endDate", number(trial.endDate.secondsSinceReference())},
-                         {"cost", number(trial.cost)},
-                         {"notes", trial.notes.toStdString()},
-                         {"createdAt", number(trial.createdAt.secondsSinceReference())},
-                         {"notificationIds", texts(trial.notificationIds)}});
+        if (text.size() > 1) {
+            text.append(',');
+        }
+        text.append(object(trial));
     }
-    // A solidus can only stand inside a text, where this is its escaped form.
-    return QByteArray::fromStdString(array.dump()).replace('/', "\\/");
+    return text.append(']');
 }
 
 std::optional<QList<Trial>> TrialsFile::decode(QByteArrayView bytes)
