@@ -54,12 +54,11 @@ void ServiceFacade::AddRequest(const QString &identifier, const QString &title, 
     emit called();
     const std::optional<WallClockMinute> minute = minuteFrom(trigger);
     if (identifier.isEmpty()) {
-        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("identifier: is empty"));
+        refuse(QStringLiteral("identifier: is empty"));
         return;
     }
     if (!minute) {
-        sendErrorReply(QDBusError::InvalidArgs,
-                       QStringLiteral("trigger: is no minute of the form yyyy-MM-ddTHH:mm"));
+        refuse(QStringLiteral("trigger: is no minute of the form yyyy-MM-ddTHH:mm"));
         return;
     }
     if (isRefused(QLatin1StringView{"identifier"}, identifier) ||
@@ -108,15 +107,24 @@ bool ServiceFacade::isRefused(QLatin1StringView argument, const QString &text)
     if (text.size() <= longestText / 3 || text.toUtf8().size() <= longestText) {
         return false;
     }
-    sendErrorReply(QDBusError::InvalidArgs, argument + QStringLiteral(": is longer than 64 KiB"));
+    refuse(argument + QStringLiteral(": is longer than 64 KiB"));
     return true;
+}
+
+void ServiceFacade::refuse(const QString &reason)
+{
+    if (message().isReplyRequired()) {
+        sendErrorReply(QDBusError::InvalidArgs, reason);
+    }
 }
 
 void ServiceFacade::collect(Change change)
 {
     setDelayedReply(true);
     changes_.push_back(std::move(change));
-    calls_.push_back(message());
+    if (message().isReplyRequired()) {
+        calls_.push_back(message());
+    }
     if (changes_.size() >= fullBurst) {
         write();
     } else if (!pause_.isActive()) {

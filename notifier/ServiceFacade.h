@@ -45,6 +45,7 @@ signals:
 
 private:
     [[nodiscard]] bool isRefused(QLatin1StringView argument, const QString &text);
+    void refuse(const QString &reason);
     void collect(Change change);
     void write();
 
@@ -52,7 +53,7 @@ private:
     QDBusConnection bus_; ///< Answers go out after the calls, when Qt no longer knows the caller's.
     QTimer pause_;        ///< Runs while calls are collected.
     std::vector<Change> changes_;
-    std::vector<QDBusMessage> calls_; ///< One for each change.
+    std::vector<QDBusMessage> calls_; ///< Those of them whose callers want an answer.
 };
 
 } // namespace norvane

@@ -153,7 +153,8 @@ void BusSender::started(bool up)
 void BusSender::sendWaiting()
 {
     for (const Call &call : std::exchange(waiting_, {})) {
-        call(*proxy_);
+        // An answer that nobody reads would cost the bus and both ends more than the call itself.
+        proxy_->callWithArgumentList(QDBus::NoBlock, call.method, call.arguments);
     }
 }
 

@@ -9,8 +9,8 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <QVariantList>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -22,13 +22,16 @@ namespace norvane {
 ///
 /// Lives on one thread, whose event loop must run. Calls wait while the centre is being started,
 /// because a bus keeps only so many messages for a program on its way up; after that, and also
-/// when it could not be started, they go out in the order in which they came and nobody waits for
-/// an answer. Without a bus they vanish.
+/// when it could not be started, they go out in the order in which they came and no answer is
+/// asked for. Without a bus they vanish.
 class BusSender final : public QObject {
     Q_OBJECT
 
 public:
-    using Call = std::function<void(NotificationCenterProxy &)>;
+    struct Call {
+        QString method;
+        QVariantList arguments;
+    };
 
     /// `standIn` is the path of the program to start where none is installed; may be empty.
     explicit BusSender(QString standIn = {});

@@ -3,10 +3,7 @@
 
 #include "platform/desktop/DBusNotificationCenter.h"
 
-#include "NotificationCenterProxy.h"
 #include "platform/desktop/BusSender.h"
-
-#include <utility>
 
 namespace norvane {
 
@@ -47,38 +44,33 @@ DBusNotificationCenter::~DBusNotificationCenter()
     }
 }
 
-void DBusNotificationCenter::post(std::function<void(NotificationCenterProxy &)> call)
+void DBusNotificationCenter::post(const QString &method, const QVariantList &arguments)
 {
     QMetaObject::invokeMethod(
-        sender_.get(), [sender = sender_.get(), call = std::move(call)] { sender->send(call); },
+        sender_.get(),
+        [sender = sender_.get(), call = BusSender::Call{method, arguments}] { sender->send(call); },
         Qt::QueuedConnection);
 }
 
 void DBusNotificationCenter::requestAuthorization(Options options)
 {
-    post([options](NotificationCenterProxy &center) {
-        center.RequestAuthorization(options.toInt());
-    });
+    post(QStringLiteral("RequestAuthorization"), {static_cast<uint>(options.toInt())});
 }
 
 void DBusNotificationCenter::addNotificationRequest(const NotificationRequest &request)
 {
-    post([request](NotificationCenterProxy &center) {
-        center.AddRequest(request.identifier, request.title, request.body, request.sound,
-                          request.trigger.text());
-    });
+    post(QStringLiteral("AddRequest"),
+         {request.identifier, request.title, request.body, request.sound, request.trigger.text()});
 }
 
 void DBusNotificationCenter::removePendingNotificationRequests(const QStringList &identifiers)
 {
-    post([identifiers](NotificationCenterProxy &center) {
-        center.RemovePendingRequests(identifiers);
-    });
+    post(QStringLiteral("RemovePendingRequests"), {identifiers});
 }
 
 void DBusNotificationCenter::removeAllPendingNotificationRequests()
 {
-    post([](NotificationCenterProxy &center) { center.RemoveAllPendingRequests(); });
+    post(QStringLiteral("RemoveAllPendingRequests"), {});
 }
 
 } // namespace norvane

@@ -6,11 +6,9 @@
 #include "platform/NotificationCenter.h"
 
 #include <QThread>
+#include <QVariantList>
 
-#include <functional>
 #include <memory>
-
-class NotificationCenterProxy;
 
 namespace norvane {
 
@@ -33,7 +31,7 @@ public:
     void removeAllPendingNotificationRequests() override;
 
 private:
-    void post(std::function<void(NotificationCenterProxy &)> call);
+    void post(const QString &method, const QVariantList &arguments);
 
     std::unique_ptr<QThread> thread_;
     std::unique_ptr<BusSender> sender_; ///< Lives on the thread.

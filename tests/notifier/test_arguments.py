@@ -85,6 +85,15 @@ def test_a_request_with_a_pending_identifier_replaces_that_one(notifier):
     assert [(one[0], one[1]) for one in notifier.pending()] == [("a-1h", "new"), ("b-1h", "Title")]
 
 
+def test_a_call_that_asks_for_no_answer_counts_like_any_other(notifier):
+    notifier.start()
+
+    notifier.tell("AddRequest", GLib.Variant("(sssss)", ("a-1h", "Title", "Body", "default", FAR)))
+    notifier.tell("AddRequest", GLib.Variant("(sssss)", ("", "Title", "Body", "default", FAR)))
+
+    assert notifier.identifiers() == ["a-1h"]
+
+
 def test_operations_apply_in_the_order_sent(notifier):
     notifier.start()
     answers = []

@@ -50,6 +50,22 @@ private slots:
                               QStringLiteral("RemovePendingRequests")}));
     }
 
+    /// A bus keeps track of only so many answers that are still due.
+    void noCallAsksForAnAnswer()
+    {
+        RecordingCenterService service{QDBusConnection::sessionBus()};
+        QVERIFY(service.appear());
+        DBusNotificationCenter center;
+
+        center.requestAuthorization(NotificationCenter::Option::Alert);
+        add(center, 0);
+        center.removePendingNotificationRequests({QStringLiteral("a")});
+        center.removeAllPendingNotificationRequests();
+
+        QTRY_COMPARE(service.calls().size(), 4);
+        QCOMPARE(service.answersAsked(), 0);
+    }
+
     void manyCallsArriveCompleteAndInOrder()
     {
         RecordingCenterService service{QDBusConnection::sessionBus()};

@@ -34,9 +34,15 @@ void RecordingCenterService::disappear()
     connection_.unregisterService(busNames::notificationCenter);
 }
 
+void RecordingCenterService::note(const QString &call)
+{
+    calls_.append(call);
+    answersAsked_ += message().isReplyRequired() ? 1 : 0;
+}
+
 bool RecordingCenterService::RequestAuthorization(uint options)
 {
-    calls_.append(QStringLiteral("RequestAuthorization %1").arg(options));
+    note(QStringLiteral("RequestAuthorization %1").arg(options));
     return true;
 }
 
@@ -45,17 +51,17 @@ void RecordingCenterService::AddRequest(const QString &identifier, const QString
                                         const QString &trigger)
 {
     const QStringList words{QStringLiteral("AddRequest"), identifier, title, body, sound, trigger};
-    calls_.append(words.join(u' '));
+    note(words.join(u' '));
 }
 
 void RecordingCenterService::RemovePendingRequests(const QStringList &identifiers)
 {
-    calls_.append((QStringList{QStringLiteral("RemovePendingRequests")} + identifiers).join(u' '));
+    note((QStringList{QStringLiteral("RemovePendingRequests")} + identifiers).join(u' '));
 }
 
 void RecordingCenterService::RemoveAllPendingRequests()
 {
-    calls_.append(QStringLiteral("RemoveAllPendingRequests"));
+    note(QStringLiteral("RemoveAllPendingRequests"));
 }
 
 PendingRequestList RecordingCenterService::PendingRequests() const

@@ -6,6 +6,7 @@
 #include "platform/bus/PendingRequest.h"
 
 #include <QDBusConnection>
+#include <QDBusContext>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -14,7 +15,7 @@ namespace norvane {
 
 /// The service behind the notification centre, as far as a test of its clients needs one: it takes
 /// the calls that the contract knows and writes them down.
-class RecordingCenterService final : public QObject {
+class RecordingCenterService final : public QObject, protected QDBusContext {
     Q_OBJECT
 
 public:
@@ -29,6 +30,8 @@ public:
 
     /// Each call as its name and arguments with blanks in between, in order.
     [[nodiscard]] const QStringList &calls() const noexcept { return calls_; }
+    /// How many of the calls asked for an answer.
+    [[nodiscard]] int answersAsked() const noexcept { return answersAsked_; }
 
 public slots:
     // The names are the contract's.
@@ -40,8 +43,11 @@ public slots:
     [[nodiscard]] norvane::PendingRequestList PendingRequests() const;
 
 private:
+    void note(const QString &call);
+
     QDBusConnection connection_;
     QStringList calls_;
+    int answersAsked_ = 0;
 };
 
 } // namespace norvane

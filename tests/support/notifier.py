@@ -27,7 +27,7 @@ def minute(moment: datetime) -> str:
 
 def this_minute() -> str:
     """The minute that is running, as a trigger, with at least some seconds of it left."""
-    wait_until(lambda: datetime.now().second < 55, 6)
+    wait_until(lambda: datetime.now().second < 55, "the next minute", 6)
     return minute(datetime.now())
 
 
@@ -67,7 +67,7 @@ class Notifier:
         self.process = subprocess.Popen(
             [*command, self.program, *arguments], env=self.environment, stderr=subprocess.PIPE,
             text=True, restore_signals=False)
-        wait_until(lambda: self.has_owner() or self.process.poll() is not None, 20)
+        wait_until(lambda: self.has_owner() or self.process.poll() is not None, "the notifier", 20)
         assert self.process.poll() is None, self.process.stderr.read()
         return self
 
@@ -76,7 +76,7 @@ class Notifier:
         self.process.wait()
         self.process.stderr.close()
         self.process = None
-        wait_until(lambda: not self.has_owner())
+        wait_until(lambda: not self.has_owner(), "its end")
 
     def restart(self, *arguments: str):
         self.kill()
@@ -106,6 +106,11 @@ class Notifier:
 
     def identifiers(self) -> list[str]:
         return [request[0] for request in self.pending()]
+
+    def tell(self, method: str, arguments: GLib.Variant | None):
+        """Sends a call and asks for no answer."""
+        self.connection.call(NAME, PATH, INTERFACE, method, arguments, None,
+                             Gio.DBusCallFlags.NONE, -1, None, None)
 
     def send(self, method: str, arguments: GLib.Variant | None, answered):
         """Sends a call without waiting; answered(error or None) comes from iterate()."""
