@@ -28,7 +28,7 @@ double costOf(Qt::Key key)
 
 void report(const char *what)
 {
-    std::printf("%s: %.1f us a letter, %.1f us a space\n", what, costOf(Qt::Key_F13),
+    std::printf("%s: %.1f us a key, %.1f us a space\n", what, costOf(Qt::Key_F13),
                 costOf(Qt::Key_Space));
 }
 

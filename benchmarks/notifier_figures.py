@@ -71,7 +71,7 @@ class Floor:
             [build / "benchmarks/empty_bus_process", FLOOR_NAME],
             env={**os.environ, "DBUS_SESSION_BUS_ADDRESS": bus.address})
         connection = bus.connect()
-        wait_until(lambda: owned(connection))
+        wait_until(lambda: owned(connection), "the name on the bus")
 
     def __enter__(self):
         return self.process

@@ -13,9 +13,10 @@ import uuid
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
-sys.path.insert(0, str(ROOT / "tests/support"))
+sys.path.insert(0, str(ROOT / "tests"))
 
-from desktop import Desktop, fresh_folder, wait_until  # noqa: E402
+from support.desktop import Desktop, fresh_folder  # noqa: E402
+from support.waiting import wait_until  # noqa: E402
 
 FRAME = 1000 / 60
 
@@ -38,7 +39,7 @@ def weigh_program(desktop, program, count):
     folder = desktop.home / ".local/share/Norvane"
     folder.mkdir(parents=True, exist_ok=True)
     trials = [
-        {"id": str(uuid.uuid4()).upper(), "name": f"Service {number}", "endDate": 800000000 + number, "cost": 9.99,
+        {"id": str(uuid.uuid4()).upper(), "name": f"Service {number}", "endDate": 3000000000 + number, "cost": 9.99,
          "notes": "", "createdAt": 750000000, "notificationIds": []}
         for number in range(count)
     ]

@@ -23,9 +23,9 @@ from gi.repository import GLib
 from Xlib import X
 from Xlib.display import Display
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests/support"))
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests"))
 
-from desktop import Desktop  # noqa: E402
+from support.desktop import Desktop  # noqa: E402
 
 ROUNDS = 15
 POINTER = (640, 100)
