@@ -13,9 +13,10 @@ from datetime import datetime, timedelta
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "tests/support"))
+sys.path.insert(0, str(ROOT / "tests"))
 
-from desktop import Desktop, fresh_folder, wait_until  # noqa: E402
+from support.desktop import Desktop, fresh_folder  # noqa: E402
+from support.waiting import wait_until  # noqa: E402
 
 REFERENCE = datetime(2001, 1, 1)
 REMINDERS = (

@@ -12,11 +12,12 @@ from pathlib import Path
 from gi.repository import Gio
 
 TESTS = Path(__file__).resolve().parents[1]
-sys.path[:0] = [str(TESTS), str(TESTS / "support")]
+sys.path.insert(0, str(TESTS))
 
-from desktop import Desktop, wait_until  # noqa: E402
-from shell import Shell  # noqa: E402
+from support.desktop import Desktop  # noqa: E402
 from support.notification_server import NotificationServer  # noqa: E402
+from support.shell import Shell  # noqa: E402
+from support.waiting import wait_until  # noqa: E402
 
 BUILD = Path(os.environ["NORVANE_BUILD"])
 

@@ -7,9 +7,9 @@ from pathlib import Path
 
 import pytest
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
+sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 
-from desktop import fresh_folder  # noqa: E402
+from support.desktop import fresh_folder  # noqa: E402
 
 BUILD = Path(os.environ["NORVANE_BUILD"])
 

@@ -10,8 +10,9 @@ import sys
 from pathlib import Path
 
 import pytest
-from desktop import Desktop, wait_until
-from shell import PROGRAM, Shell
+from support.desktop import Desktop
+from support.shell import PROGRAM, Shell
+from support.waiting import wait_until
 
 CENTER = Path(__file__).resolve().parent.parent / "support/recording_center.py"
 NOBODY = 65534

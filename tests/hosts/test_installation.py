@@ -7,8 +7,9 @@ from pathlib import Path
 
 import pytest
 from conftest import BUILD
-from desktop import Desktop, wait_until
-from shell import Shell
+from support.desktop import Desktop
+from support.shell import Shell
+from support.waiting import wait_until
 
 SHARE = "usr/local/share"
 

@@ -8,9 +8,10 @@ Sway places windows itself, so here the popover has to be whole and focused, whe
 import json
 
 import pytest
-from desktop import fresh_folder, wait_until
-from shell import PROGRAM, SIZE
-from sway import Sway
+from support.desktop import fresh_folder
+from support.shell import PROGRAM, SIZE
+from support.sway import Sway
+from support.waiting import wait_until
 
 
 @pytest.fixture(params=["xwayland", "wayland"])

@@ -5,8 +5,9 @@
 import subprocess
 
 import pytest
-from desktop import Desktop, wait_until
-from shell import SIZE, Shell
+from support.desktop import Desktop
+from support.shell import SIZE, Shell
+from support.waiting import wait_until
 
 TRAYER = (
     "trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "30",

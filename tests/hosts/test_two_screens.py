@@ -3,9 +3,10 @@
 """Norvane on two screens side by side."""
 
 import pytest
-from desktop import fresh_folder, wait_until
-from shell import SIZE, Shell
-from two_screens import TwoScreens
+from support.desktop import fresh_folder
+from support.shell import SIZE, Shell
+from support.two_screens import TwoScreens
+from support.waiting import wait_until
 
 
 def inside(place, left):

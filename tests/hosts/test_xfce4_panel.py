@@ -5,8 +5,9 @@
 import json
 
 import pytest
-from desktop import Desktop, fresh_folder, wait_until
-from shell import SIZE, Shell
+from support.desktop import Desktop, fresh_folder
+from support.shell import SIZE, Shell
+from support.waiting import wait_until
 
 
 @pytest.fixture(scope="module")

@@ -99,7 +99,7 @@ def test_a_server_that_refuses_gets_it_again_in_order(notifier, server):
     server.behaviour = "refuse"
     notifier.start()
     titles = add_numbered(notifier, 3)
-    wait_until(lambda: server.attempts >= 2, what="a second attempt")
+    wait_until(lambda: server.attempts >= 2, "a second attempt")
 
     server.behaviour = "take"
 
@@ -122,7 +122,7 @@ def test_a_server_that_never_answers_is_given_up_and_tried_again(notifier, serve
     server.behaviour = "ignore"
     notifier.start()
     notifier.add("a-1h", this_minute())
-    wait_until(lambda: server.attempts == 1)
+    wait_until(lambda: server.attempts == 1, "the first attempt")
     assert notifier.call("PendingRequests") == ([],)  # Calls are served meanwhile.
 
     server.behaviour = "take"
@@ -134,7 +134,7 @@ def test_a_server_that_vanishes_in_mid_delivery_loses_nothing(notifier, bus):
     notifier.start()
     first = NotificationServer(bus, behaviour="ignore").start()
     titles = add_numbered(notifier, 5)
-    wait_until(lambda: first.attempts == 1)
+    wait_until(lambda: first.attempts == 1, "the first attempt")
     first.stop()
 
     with NotificationServer(bus) as second:
@@ -206,7 +206,7 @@ def test_a_minute_that_is_over_counts_as_missed(notifier, server, identifier, mi
     notifier.add(identifier, minutes_ago(minutes), title="missed")
     notifier.add("z-1h", this_minute(), title="now")
 
-    wait_until(lambda: "now" in server.titles)
+    wait_until(lambda: "now" in server.titles, "the notification")
     assert server.titles == (["missed", "now"] if comes else ["now"])
     assert notifier.pending() == []
 

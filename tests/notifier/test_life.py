@@ -31,7 +31,7 @@ def test_a_call_starts_it_where_it_is_installed(bus, notifier):
 
     assert notifier.identifiers() == ["a-1h"]
     notifier.remove_all()
-    wait_until(lambda: not notifier.has_owner(), what="its end")
+    wait_until(lambda: not notifier.has_owner(), "its end")
 
 
 def test_the_login_entry_has_the_bus_start_it(bus, notifier):
@@ -42,7 +42,7 @@ def test_the_login_entry_has_the_bus_start_it(bus, notifier):
 
     assert login.returncode == 0
     assert notifier.has_owner()
-    wait_until(lambda: not notifier.has_owner(), what="its end")
+    wait_until(lambda: not notifier.has_owner(), "its end")
 
 
 def test_a_second_one_says_so_and_touches_nothing(notifier, tmp_path):
@@ -60,7 +60,7 @@ def test_of_two_started_at_once_one_remains(notifier):
     both = [subprocess.Popen([notifier.program], env=notifier.environment,
                              stderr=subprocess.PIPE) for _ in range(2)]
 
-    wait_until(lambda: any(one.poll() is not None for one in both))
+    wait_until(lambda: any(one.poll() is not None for one in both), "the end of one")
     remaining = [one for one in both if one.poll() is None]
 
     assert len(remaining) == 1

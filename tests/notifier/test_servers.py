@@ -57,8 +57,8 @@ def test_a_reminder_is_seen_on(name, desktop, bus, notifier, tmp_path):
         notifier.add("a-1h", this_minute(), title="🚨 Trial Ending in 1 Hour",
                      body='"<b>A&B</b> "x"" — cancel now to avoid being charged $9.50.')
 
-        wait_until(lambda: colours(desktop, pictures / f"notification-{name}.png") > 50, 20,
-                   "a notification on the screen")
+        wait_until(lambda: colours(desktop, pictures / f"notification-{name}.png") > 50,
+                   "a notification on the screen", 20)
     finally:
         server.terminate()
         server.wait()

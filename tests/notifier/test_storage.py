@@ -184,7 +184,7 @@ def test_thousands_of_requests_are_kept_and_listed_by_trigger(notifier):
         notifier.send("AddRequest", GLib.Variant("(sssss)", (
             f"{i}-1h", "Title", "Body", "default", f"{9999 - i}-01-01T00:00")), answers.append)
         notifier.iterate()
-    wait_until(lambda: notifier.iterate() or len(answers) == 3000, 30)
+    wait_until(lambda: notifier.iterate() or len(answers) == 3000, "every answer", 30)
 
     notifier.restart()
 

@@ -44,7 +44,7 @@ def test_of_several_missed_for_one_trial_only_the_latest_comes(notifier, server)
 
     server.wait_for(3)
     notifier.add("z-1h", this_minute(), title="end")
-    wait_until(lambda: "end" in server.titles)
+    wait_until(lambda: "end" in server.titles, "the last one")
     assert server.titles == ["b-c-3d", "b-d-3d", "a-1h", "end"]
 
 
@@ -70,7 +70,7 @@ def test_what_was_missed_is_saved_from_the_first_call(bus, notifier, server):
 
     assert server.wait_for(1)[0].title == "a-1h"
     server.close_notification(1)
-    wait_until(lambda: not notifier.has_owner())
+    wait_until(lambda: not notifier.has_owner(), "its end")
 
 
 def test_a_traveller_is_reminded_by_the_clock_on_the_wall(notifier, server, tmp_path):
@@ -79,7 +79,7 @@ def test_a_traveller_is_reminded_by_the_clock_on_the_wall(notifier, server, tmp_
     link.symlink_to("/usr/share/zoneinfo/UTC")
     notifier.environment["TZ"] = f":{link}"
     notifier.start()
-    wait_until(lambda: datetime.now().second < 55, 6)
+    wait_until(lambda: datetime.now().second < 55, "the next minute", 6)
     three_hours_east = minute(datetime.now(timezone.utc) + timedelta(hours=3))
     notifier.add("a-1h", three_hours_east)
     assert notifier.identifiers() == ["a-1h"]

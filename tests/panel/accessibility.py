@@ -10,9 +10,10 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tests/support"))
+sys.path.insert(0, str(ROOT / "tests"))
 
-from desktop import ACCESSIBLE, Desktop, fresh_folder, wait_until  # noqa: E402
+from support.desktop import ACCESSIBLE, Desktop, fresh_folder  # noqa: E402
+from support.waiting import wait_until  # noqa: E402
 
 
 class User:

@@ -12,21 +12,11 @@ from pathlib import Path
 
 import dbus
 
+from .waiting import wait_until
+
 PANEL_CONFIGURATION = Path(__file__).with_name("xfce4-panel.xml")
 ACCESSIBLE = Path(__file__).with_name("accessible.py")
 POSITIONS = {"top": 6, "bottom": 8, "left": 5, "right": 1}  # As the panel numbers them.
-
-
-def wait_until(condition, what, seconds=15):
-    """Returns the first true value of condition(); fails when it has none in this time."""
-    deadline = time.monotonic() + seconds
-    while True:
-        value = condition()
-        if value:
-            return value
-        if time.monotonic() > deadline:
-            raise AssertionError(f"did not come about within {seconds} s: {what}")
-        time.sleep(0.03)
 
 
 class Desktop:
@@ -199,10 +189,12 @@ class Desktop:
 
     def _start_display(self):
         read_end, write_end = os.pipe()
+        # Without -noreset the server begins anew, and is away, when its last client goes.
+        server = ["Xvfb", "-noreset", "-nolisten", "tcp", "-screen", "0", f"{self.size}x24"]
         with open(self.folder / "Xvfb.log", "ab") as log:
             self.processes.append(
                 subprocess.Popen(
-                    ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self.size}x24", "-nolisten", "tcp"],
+                    [*server, "-displayfd", str(write_end)],
                     pass_fds=[write_end], stdout=log, stderr=log, start_new_session=True,
                 )
             )

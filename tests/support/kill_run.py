@@ -89,5 +89,5 @@ def run(notifier: Notifier, server: NotificationServer, kills: int, requests: in
     notifier.iterate()
     # The outbox is empty once a request that is due now has been shown after all others.
     notifier.add("end-1h", minute(datetime.now()), title="end")
-    wait_until(lambda: "end" in server.titles, 120)
+    wait_until(lambda: "end" in server.titles, "the last one", 120)
     return accounts

@@ -79,7 +79,7 @@ class NotificationServer:
 
     def wait_for(self, count: int, seconds: float = 20) -> list[Shown]:
         """What was shown, once there are at least so many."""
-        wait_until(lambda: len(self.shown) >= count, seconds, f"notification {count}")
+        wait_until(lambda: len(self.shown) >= count, f"notification {count}", seconds)
         return list(self.shown)
 
     @property

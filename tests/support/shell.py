@@ -6,7 +6,7 @@ import os
 import subprocess
 from pathlib import Path
 
-from desktop import wait_until
+from .waiting import wait_until
 
 PROGRAM = Path(os.environ.get("NORVANE_BUILD", "build/dev")) / "app/norvane"
 SIZE = (360, 420)

@@ -12,7 +12,8 @@ import re
 import subprocess
 from pathlib import Path
 
-from desktop import Desktop, wait_until
+from .desktop import Desktop
+from .waiting import wait_until
 
 ORDINARY_USER = 65534
 WAYBAR = {"layer": "top", "position": "top", "height": 30, "modules-right": ["tray"], "tray": {"icon-size": 22}}

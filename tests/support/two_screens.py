@@ -7,7 +7,8 @@ The panel chooses one of them, not always the same: ask screen_at() where the ic
 
 import subprocess
 
-from desktop import Desktop, wait_until
+from .desktop import Desktop
+from .waiting import wait_until
 
 CONFIGURATION = """
 Section "ServerFlags"
