@@ -128,7 +128,7 @@ std::optional<PointInTime> Calendar::movedToMinute(PointInTime moment,
     }
     const qint64 day = QDate{1970, 1, 1}.daysTo(date);
     const qint64 second = local->secondOfDay % 60;
-    local->secondOfDay = (minute.hour * 60 + minute.minute) * 60 + second;
+    local->secondOfDay = (minute.hour * 60LL + minute.minute) * 60 + second;
     const qint64 unixSeconds = shiftedByDays(*local, day - local->day);
     return PointInTime{static_cast<double>(unixSeconds - PointInTime::referenceInUnixSeconds) +
                        local->fraction};

@@ -6,6 +6,7 @@
 #include <QRect>
 
 #include <chrono>
+#include <utility>
 
 namespace norvane {
 
@@ -19,7 +20,7 @@ constexpr int patience = 1000;
 
 } // namespace
 
-LegacyTray::LegacyTray(const QString &program) : program_{program}
+LegacyTray::LegacyTray(QString program) : program_{std::move(program)}
 {
     settled_.setSingleShot(true);
     settled_.setInterval(timeToSettle);

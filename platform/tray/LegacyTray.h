@@ -25,7 +25,7 @@ class LegacyTray final : public QObject {
 
 public:
     /// `program` is the process that shows the icon.
-    explicit LegacyTray(const QString &program);
+    explicit LegacyTray(QString program);
     ~LegacyTray() override;
 
     [[nodiscard]] bool isShown() const;

@@ -3,11 +3,13 @@
 
 #include "platform/tray/StatusArea.h"
 
+#include <utility>
+
 namespace norvane {
 
-StatusArea::StatusArea(const QDBusConnection &bus, const QString &legacyProgram)
+StatusArea::StatusArea(const QDBusConnection &bus, QString legacyProgram)
     : bus_{bus},
-      legacyProgram_{legacyProgram},
+      legacyProgram_{std::move(legacyProgram)},
       item_{bus},
       watcher_{bus}
 {

@@ -24,7 +24,7 @@ class StatusArea final : public StatusItem {
 
 public:
     /// `legacyProgram` is the process that shows the icon in an X11 tray; empty for never.
-    StatusArea(const QDBusConnection &bus, const QString &legacyProgram);
+    StatusArea(const QDBusConnection &bus, QString legacyProgram);
 
     [[nodiscard]] bool hasButton() const override;
     void setImage(const QString &iconName, const QString &accessibilityDescription) override;
