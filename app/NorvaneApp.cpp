@@ -54,8 +54,10 @@ bool NorvaneApp::prepare()
 int NorvaneApp::run()
 {
     SingleInstance instance{QDBusConnection::sessionBus()};
-    if (!instance.claim()) {
-        instance.activateOther(startRequest_.activationToken);
+    const bool isTheOne =
+        instance.claim() ||
+        (!instance.activateOther(startRequest_.activationToken) && instance.succeedOther());
+    if (!isTheOne) {
         return EXIT_SUCCESS;
     }
     launch(instance);

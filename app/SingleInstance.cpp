@@ -7,12 +7,24 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusReply>
+#include <QEventLoop>
+#include <QTimer>
 
+#include <chrono>
+#include <cstdlib>
 #include <utility>
 
 namespace norvane {
 
 namespace {
+
+using namespace std::chrono_literals;
+
+using Registration = QDBusConnectionInterface::RegisterServiceReply;
+
+/// Longer than the end of a Norvane takes.
+constexpr auto patienceWithTheOther = 4s;
 
 const QString tokenKey = QStringLiteral("activation-token");
 
@@ -27,10 +39,13 @@ bool SingleInstance::claim()
     }
     // First the object, then the name: who finds the name must find somebody at home.
     bus_.registerObject(busNames::applicationPath, this, QDBusConnection::ExportAllSlots);
-    return bus_.registerService(busNames::application);
+    const QDBusReply<Registration> answer =
+        bus_.interface()->registerService(busNames::application);
+    // A bus that does not hand out names is as good as none.
+    return !answer.isValid() || answer.value() == QDBusConnectionInterface::ServiceRegistered;
 }
 
-void SingleInstance::activateOther(const QString &activationToken) const
+bool SingleInstance::activateOther(const QString &activationToken) const
 {
     constexpr int patience = 2000;
     QDBusMessage call = QDBusMessage::createMethodCall(
@@ -41,7 +56,29 @@ void SingleInstance::activateOther(const QString &activationToken) const
         platformData.insert(tokenKey, activationToken);
     }
     call << platformData;
-    bus_.call(call, QDBus::Block, patience);
+    return bus_.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+bool SingleInstance::succeedOther()
+{
+    QEventLoop untilOurs;
+    connect(bus_.interface(), &QDBusConnectionInterface::serviceRegistered, &untilOurs,
+            [&untilOurs](const QString &name) {
+                if (name == busNames::application) {
+                    untilOurs.exit(EXIT_SUCCESS);
+                }
+            });
+    QTimer::singleShot(patienceWithTheOther, &untilOurs,
+                       [&untilOurs] { untilOurs.exit(EXIT_FAILURE); });
+    const QDBusReply<Registration> place = bus_.interface()->registerService(
+        busNames::application, QDBusConnectionInterface::QueueService);
+    const bool isOurs =
+        place.isValid() && (place.value() == QDBusConnectionInterface::ServiceRegistered ||
+                            untilOurs.exec() == EXIT_SUCCESS);
+    if (!isOurs) {
+        bus_.unregisterService(busNames::application); // The place in the queue.
+    }
+    return isOurs;
 }
 
 void SingleInstance::Activate(const QVariantMap &platformData)

@@ -24,8 +24,12 @@ public:
     /// Whether this process is the one. Ask before touching anything that two must not touch.
     [[nodiscard]] bool claim();
     /// Asks the running one to show its panel, and hands on the token that lets it take the
-    /// keyboard, if there is one. Returns once it has answered, or after two seconds.
-    void activateOther(const QString &activationToken) const;
+    /// keyboard, if there is one. Returns whether it answered, after two seconds at the latest;
+    /// one that is about to end does not.
+    [[nodiscard]] bool activateOther(const QString &activationToken) const;
+    /// Waits for the end of the running one, a few seconds at most. Whether this process is the
+    /// one now.
+    [[nodiscard]] bool succeedOther();
 
 public slots: // The bus' names.
     void Activate(const QVariantMap &platformData);

@@ -4,8 +4,10 @@
 #include "app/SingleInstance.h"
 #include "tests/support/PrivateSessionBus.h"
 
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include <thread>
 
@@ -16,6 +18,10 @@ class TestSingleInstance final : public QObject {
 
     PrivateSessionBus sessionBus_;
 
+    static void endTheFirst()
+    {
+        QDBusConnection::sessionBus().unregisterService(QStringLiteral("org.norvane.Norvane"));
+    }
     static QDBusConnection another()
     {
         return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
@@ -25,7 +31,7 @@ class TestSingleInstance final : public QObject {
 private slots:
     void cleanup()
     {
-        QDBusConnection::sessionBus().unregisterService(QStringLiteral("org.norvane.Norvane"));
+        endTheFirst();
         QDBusConnection::disconnectFromBus(QStringLiteral("another"));
     }
 
@@ -52,12 +58,31 @@ private slots:
         QVERIFY(first.claim());
         QSignalSpy activated{&first, &SingleInstance::activated};
 
-        std::thread second{
-            [] { SingleInstance{another()}.activateOther(QStringLiteral("token")); }};
-        QTRY_COMPARE(activated.count(), 1);
-        second.join();
+        bool answered = false;
+        {
+            std::thread second{[&answered] {
+                answered = SingleInstance{another()}.activateOther(QStringLiteral("token"));
+            }};
+            const auto joined = qScopeGuard([&second] { second.join(); });
+            QTRY_COMPARE(activated.count(), 1);
+        }
 
+        QVERIFY(answered);
         QCOMPARE(activated.takeFirst().value(0).toString(), QStringLiteral("token"));
+    }
+
+    /// It keeps its name until its process ends, but nobody is at home any more.
+    void oneThatIsEndingIsSucceeded()
+    {
+        QVERIFY(
+            QDBusConnection::sessionBus().registerService(QStringLiteral("org.norvane.Norvane")));
+        SingleInstance next{another()};
+        QVERIFY(!next.claim());
+        QVERIFY(!next.activateOther({}));
+
+        QTimer::singleShot(0, this, &TestSingleInstance::endTheFirst);
+
+        QVERIFY(next.succeedOther());
     }
 
     void withoutABusEveryStartIsTheFirst()
