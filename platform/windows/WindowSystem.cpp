@@ -22,17 +22,44 @@ QRect inDevicePixels(const QScreen &screen)
     return {screen.geometry().topLeft(), size.toSize()};
 }
 
-/// The largest rectangle of whole device-independent pixels inside one of device pixels.
-QRect scaledInwards(const QRect &rect, const QPointF &origin, double scale)
+/// Qt scales around the top left corner of where it takes the screen to be.
+QPointF scaled(const QPointF &place, const QScreen &screen)
 {
-    const QPointF start = (QPointF{rect.topLeft()} - origin) / scale + origin;
-    const QPointF end =
-        (QPointF(rect.x() + rect.width(), rect.y() + rect.height()) - origin) / scale + origin;
+    const QPointF origin = screen.geometry().topLeft();
+    return (place - origin) / screen.devicePixelRatio() + origin;
+}
+
+/// The largest rectangle of whole device-independent pixels inside one of device pixels.
+QRect scaledInwards(const QRect &rect, const QScreen &screen)
+{
+    const QPointF start = scaled(rect.topLeft(), screen);
+    const QPointF end = scaled(QPointF(rect.x() + rect.width(), rect.y() + rect.height()), screen);
     const QPoint topLeft{static_cast<int>(std::ceil(start.x())),
                          static_cast<int>(std::ceil(start.y()))};
     const QPoint bottomRight{static_cast<int>(std::floor(end.x())) - 1,
                              static_cast<int>(std::floor(end.y())) - 1};
     return {topLeft, bottomRight};
+}
+
+/// What panels leave of a screen. An edge where there is none stays the screen's own: rounding
+/// would make a strip of one pixel of it.
+QRect workArea(const QRect &deviceWork, const QRect &device, const QRect &whole,
+               const QScreen &screen)
+{
+    QRect work = scaledInwards(deviceWork, screen);
+    if (deviceWork.left() == device.left()) {
+        work.setLeft(whole.left());
+    }
+    if (deviceWork.top() == device.top()) {
+        work.setTop(whole.top());
+    }
+    if (deviceWork.right() == device.right()) {
+        work.setRight(whole.right());
+    }
+    if (deviceWork.bottom() == device.bottom()) {
+        work.setBottom(whole.bottom());
+    }
+    return work;
 }
 
 } // namespace
@@ -51,25 +78,23 @@ QList<ScreenArea> WindowSystem::screens() const
     QList<ScreenArea> areas;
     for (const QScreen *const screen : QGuiApplication::screens()) { // The primary one leads.
         const QRect device = corrected(inDevicePixels(*screen));
-        const double scale = screen->devicePixelRatio();
-        const QRect work = scaledInwards(Struts::workArea(device, strips), device.topLeft(), scale);
-        // What Qt knows of the work area counts for the place where Qt knows the screen.
-        const QPoint moved = device.topLeft() - screen->geometry().topLeft();
-        areas.append({.whole = screen->geometry().translated(moved),
-                      .work = work & screen->availableGeometry().translated(moved)});
+        // What Qt knows of the screen counts for the place where Qt knows it.
+        const QPoint moved =
+            scaled(device.topLeft(), *screen).toPoint() - screen->geometry().topLeft();
+        const QRect whole = screen->geometry().translated(moved);
+        const QRect work = workArea(Struts::workArea(device, strips), device, whole, *screen);
+        areas.append(
+            {.whole = whole, .work = work & screen->availableGeometry().translated(moved)});
     }
     return areas;
 }
 
-std::optional<QRect> WindowSystem::fromDevicePixels(const QRect &rect)
+std::optional<QRect> WindowSystem::fromDevicePixels(const QRect &rect) const
 {
     for (const QScreen *const screen : QGuiApplication::screens()) {
-        const QRect whole = inDevicePixels(*screen);
-        if (whole.contains(rect.center())) {
-            const QPointF origin = whole.topLeft();
-            const double scale = screen->devicePixelRatio();
-            const QPointF place = (QPointF{rect.topLeft()} - origin) / scale + origin;
-            return QRect{place.toPoint(), (QSizeF{rect.size()} / scale).toSize()};
+        if (corrected(inDevicePixels(*screen)).contains(rect.center())) {
+            return QRect{scaled(rect.topLeft(), *screen).toPoint(),
+                         (QSizeF{rect.size()} / screen->devicePixelRatio()).toSize()};
         }
     }
     return std::nullopt;

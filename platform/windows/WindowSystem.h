@@ -34,7 +34,7 @@ public:
     /// The screens and their work areas, the primary screen first.
     [[nodiscard]] QList<ScreenArea> screens() const;
     /// The same rectangle in device-independent pixels, if it touches a screen.
-    [[nodiscard]] static std::optional<QRect> fromDevicePixels(const QRect &rect);
+    [[nodiscard]] std::optional<QRect> fromDevicePixels(const QRect &rect) const;
 
     /// Keeps a window out of taskbars, pagers and switchers, and on every workspace, as far as
     /// possible. To be said before every showing; the window is not visible.
