@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 
 #include <cstdint>
@@ -32,10 +33,14 @@ public:
     [[nodiscard]] int screenNumber() const noexcept { return screenNumber_; }
     [[nodiscard]] xcb_window_t root() const noexcept { return root_; }
 
+    /// The number that stands for a name; asked for once.
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name) const;
     /// A window's property as 32-bit numbers; empty when it has none of this type.
     [[nodiscard]] QList<int> numbers(xcb_window_t window, xcb_atom_t property,
                                      xcb_atom_t type) const;
+    /// The same of many windows, asked for in one go.
+    [[nodiscard]] QList<QList<int>> numbersOfAll(const QList<int> &windows, xcb_atom_t property,
+                                                 xcb_atom_t type) const;
     /// Sends us the events of this mask for a window.
     void listenTo(xcb_window_t window, std::uint32_t mask) const;
 
@@ -47,6 +52,7 @@ private:
     std::unique_ptr<xcb_connection_t, Disconnect> connection_;
     int screenNumber_ = 0;
     xcb_window_t root_ = XCB_WINDOW_NONE;
+    mutable QHash<QByteArray, xcb_atom_t> atoms_;
 };
 
 } // namespace norvane

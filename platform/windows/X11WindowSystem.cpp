@@ -53,15 +53,21 @@ void X11WindowSystem::makeAccessory(QWindow &window)
                         &everyDesktop);
 }
 
-void X11WindowSystem::activate(QWindow &window, const QString & /*token*/)
+void X11WindowSystem::activate(QWindow &window, const QString &token)
 {
     window.raise();
+    const xcb_atom_t activeWindow = display_.atom("_NET_ACTIVE_WINDOW");
+    if (!display_.numbers(display_.root(), display_.atom("_NET_SUPPORTED"), XCB_ATOM_ATOM)
+             .contains(static_cast<int>(activeWindow))) {
+        WindowSystem::activate(window, token); // Qt then takes the keyboard without asking.
+        return;
+    }
     constexpr std::uint32_t askedByTheUser = 2;
     xcb_client_message_event_t request{};
     request.response_type = XCB_CLIENT_MESSAGE;
     request.format = wordsOf32Bits;
     request.window = idOf(window);
-    request.type = display_.atom("_NET_ACTIVE_WINDOW");
+    request.type = activeWindow;
     request.data.data32[0] = askedByTheUser;
     request.data.data32[1] = now();
     std::array<char, 32> event{}; // As long as every event is.
@@ -85,16 +91,14 @@ QList<Struts::Strip> X11WindowSystem::panelStrips() const
 {
     QList<Struts::Strip> strips;
     const QSize size = displaySize();
-    const xcb_atom_t strutPartial = display_.atom("_NET_WM_STRUT_PARTIAL");
-    const xcb_atom_t strut = display_.atom("_NET_WM_STRUT");
-    for (const int window :
-         display_.numbers(display_.root(), display_.atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW)) {
-        const auto id = static_cast<xcb_window_t>(window);
-        QList<int> numbers = display_.numbers(id, strutPartial, XCB_ATOM_CARDINAL);
-        if (numbers.isEmpty()) {
-            numbers = display_.numbers(id, strut, XCB_ATOM_CARDINAL);
-        }
-        strips += Struts::strips(numbers, size);
+    const QList<int> windows =
+        display_.numbers(display_.root(), display_.atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW);
+    const QList<QList<int>> partial =
+        display_.numbersOfAll(windows, display_.atom("_NET_WM_STRUT_PARTIAL"), XCB_ATOM_CARDINAL);
+    const QList<QList<int>> whole =
+        display_.numbersOfAll(windows, display_.atom("_NET_WM_STRUT"), XCB_ATOM_CARDINAL);
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        strips += Struts::strips(partial.at(i).isEmpty() ? whole.at(i) : partial.at(i), size);
     }
     return strips;
 }
