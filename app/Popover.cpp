@@ -30,13 +30,13 @@ constexpr QSize popoverSize{360, 420};
 constexpr auto timeToRest = 300ms;
 
 /// Where the icon of this press is, in device-independent pixels.
-QRect anchorOf(const IconPress &press, const Placement &placement)
+QRect anchorOf(const IconPress &press, const WindowSystem &windowSystem, const Placement &placement)
 {
     const std::optional<QRect> icon =
-        press.icon ? WindowSystem::fromDevicePixels(*press.icon) : std::nullopt;
+        press.icon ? windowSystem.fromDevicePixels(*press.icon) : std::nullopt;
     std::optional<QPoint> place;
     if (press.place && !press.place->isNull()) { // (0, 0) is said by hosts that know no place.
-        if (const auto pixel = WindowSystem::fromDevicePixels({*press.place, QSize{1, 1}})) {
+        if (const auto pixel = windowSystem.fromDevicePixels({*press.place, QSize{1, 1}})) {
             place = pixel->topLeft();
         }
     }
@@ -68,8 +68,9 @@ Popover::Popover(PanelContent &content, WindowSystem &windowSystem)
 void Popover::showBeside(const std::optional<IconPress> &press)
 {
     const Placement placement{windowSystem_.screens(), popoverSize};
-    if (press) {
-        anchor_ = anchorOf(*press, placement);
+    // A press on the icon's menu tells no place: the icon is where it was.
+    if (press && (press->icon || press->place || !anchor_)) {
+        anchor_ = anchorOf(*press, windowSystem_, placement);
     }
     content_.rebuild();
     create();

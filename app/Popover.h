@@ -27,7 +27,8 @@ public:
     /// Shows `content`; both are borrowed.
     Popover(PanelContent &content, WindowSystem &windowSystem);
 
-    /// Brings it up by the pressed icon; without a press where the icon was last known to be.
+    /// Brings it up by the pressed icon; where a press tells no place, or there is none, where the
+    /// icon was last known to be.
     void showBeside(const std::optional<IconPress> &press);
     /// Gives it the keyboard, with the token of whoever asked for it, or without.
     void takeKeyboard(const QString &activationToken);
