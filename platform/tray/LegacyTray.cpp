@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 /// A panel that offers both kinds of tray offers this one first; the other follows in this time.
 constexpr auto timeToSettle = 500ms;
 constexpr int patience = 1000;
+constexpr int attempts = 10;
 
 } // namespace
 
@@ -43,6 +44,7 @@ void LegacyTray::renew()
 {
     settled_.stop();
     endIcon();
+    attemptsLeft_ = attempts;
     if (watch_.hasTray()) {
         settled_.start();
     }
@@ -50,9 +52,15 @@ void LegacyTray::renew()
 
 void LegacyTray::startIcon()
 {
+    --attemptsLeft_;
     icon_ = std::make_unique<QProcess>();
     icon_->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     connect(icon_.get(), &QProcess::readyReadStandardOutput, this, &LegacyTray::readPresses);
+    connect(icon_.get(), &QProcess::stateChanged, this, [this](QProcess::ProcessState state) {
+        if (state == QProcess::NotRunning && attemptsLeft_ > 0) {
+            settled_.start(); // It was killed, or did not come up.
+        }
+    });
     icon_->start(program_, {iconName_});
 }
 
@@ -60,6 +68,7 @@ void LegacyTray::startIcon()
 void LegacyTray::endIcon()
 {
     if (icon_) {
+        icon_->disconnect(this);
         icon_->closeWriteChannel();
         if (!icon_->waitForFinished(patience)) {
             icon_->kill();

@@ -18,8 +18,8 @@ namespace norvane {
 ///
 /// The icon belongs to a small process beside this one: it needs Qt's widgets, which are not to
 /// weigh on the many desktops that never need them, and Qt settles once in a process what kind of
-/// tray there is. Each tray that appears gets a fresh one, and it ends with the tray, with this
-/// object, and when its standard input closes.
+/// tray there is. Each tray that appears gets a fresh one, and so does a tray whose icon died by
+/// itself. It ends with the tray, with this object, and when its standard input closes.
 class LegacyTray final : public QObject {
     Q_OBJECT
 
@@ -44,6 +44,7 @@ private:
     QString iconName_;
     X11TrayWatch watch_;
     QTimer settled_;
+    int attemptsLeft_ = 0;           ///< At showing the icon in this tray.
     std::unique_ptr<QProcess> icon_; ///< None while there is no tray.
 };
 

@@ -20,16 +20,24 @@ X11TrayWatch::X11TrayWatch()
 
 void X11TrayWatch::lookForManager()
 {
-    xcb_connection_t *const server = display_.connection();
-    const X11Display::Answer<xcb_get_selection_owner_reply_t> answer{xcb_get_selection_owner_reply(
-        server, xcb_get_selection_owner(server, selection_), nullptr)};
-    manager_ = answer ? answer->owner : xcb_window_t{XCB_WINDOW_NONE};
-    if (manager_ != XCB_WINDOW_NONE) {
-        display_.listenTo(manager_, XCB_EVENT_MASK_STRUCTURE_NOTIFY); // Its window ends with it.
-    }
+    do { // One that ends before its end can be heard of is not the owner any more.
+        manager_ = owner();
+        if (manager_ != XCB_WINDOW_NONE) {
+            display_.listenTo(manager_,
+                              XCB_EVENT_MASK_STRUCTURE_NOTIFY); // Its window ends with it.
+        }
+    } while (manager_ != owner());
     // Events that came in with the answer do not make the descriptor readable again.
     QMetaObject::invokeMethod(this, &X11TrayWatch::readEvents, Qt::QueuedConnection);
     emit changed();
+}
+
+xcb_window_t X11TrayWatch::owner() const
+{
+    xcb_connection_t *const server = display_.connection();
+    const X11Display::Answer<xcb_get_selection_owner_reply_t> answer{xcb_get_selection_owner_reply(
+        server, xcb_get_selection_owner(server, selection_), nullptr)};
+    return answer ? answer->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 void X11TrayWatch::readEvents()

@@ -29,6 +29,7 @@ signals:
 
 private:
     void lookForManager();
+    [[nodiscard]] xcb_window_t owner() const;
     void readEvents();
 
     X11Display display_;

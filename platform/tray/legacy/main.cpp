@@ -10,6 +10,7 @@ int main(int argc, char *argv[])
     // The places it reports are the display's own pixels.
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     qunsetenv("QT_SCALE_FACTOR");
+    qunsetenv("QT_SCREEN_SCALE_FACTORS");
     QApplication application{argc, argv};
     QApplication::setApplicationName(QStringLiteral("Norvane"));
     QApplication::setQuitOnLastWindowClosed(false); // A tray that goes takes the window with it.
