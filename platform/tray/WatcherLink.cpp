@@ -39,6 +39,7 @@ void WatcherLink::start()
         emit changed();
         return;
     }
+    registerItem(); // The icon need not wait until it is known who will show it.
     connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &, const QString &, const QString &owner) {
                 isAsked_ = false;
@@ -50,7 +51,6 @@ void WatcherLink::start()
     bus_.connect(watcherName, watcherPath, watcherName,
                  QStringLiteral("StatusNotifierHostUnregistered"), this, SLOT(hostUnregistered()));
 
-    registerItem(); // The icon need not wait until it is known who will show it.
     QDBusMessage question = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
@@ -80,14 +80,18 @@ void WatcherLink::setOwner(const QString &owner)
 void WatcherLink::registerItem()
 {
     isAsked_ = true;
+    const int round = ++round_;
     --attemptsLeft_;
     QDBusMessage call = QDBusMessage::createMethodCall(
         watcherName, watcherPath, watcherName, QStringLiteral("RegisterStatusNotifierItem"));
     call.setAutoStartService(false);
     call << bus_.baseService(); // Owning a name for each item is refused in sandboxes.
     auto *const reply = new QDBusPendingCallWatcher{bus_.asyncCall(call), this};
-    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply] {
+    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply, round] {
         reply->deleteLater();
+        if (round != round_) {
+            return; // Of a watcher that is gone, or overtaken.
+        }
         if (!reply->isError()) {
             askForHost();
             return;
@@ -104,6 +108,7 @@ void WatcherLink::askForHost()
     QDBusMessage question = QDBusMessage::createMethodCall(
         watcherName, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
         QStringLiteral("Get"));
+    question.setAutoStartService(false);
     question << watcherName << QStringLiteral("IsStatusNotifierHostRegistered");
     auto *const answer = new QDBusPendingCallWatcher{bus_.asyncCall(question), this};
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

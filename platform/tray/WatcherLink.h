@@ -14,7 +14,7 @@ namespace norvane {
 ///
 /// Registers this connection's item with every watcher that appears, and once more whenever a host
 /// that shows items does: some watchers forget items that came before their host. Nothing here
-/// waits for the bus.
+/// waits for a watcher.
 class WatcherLink final : public QObject {
     Q_OBJECT
 
@@ -48,6 +48,7 @@ private:
     QDBusServiceWatcher owners_;
     QTimer retry_;
     int attemptsLeft_ = 0; ///< A watcher may own its name before it can answer.
+    int round_ = 0;        ///< Counts the registrations.
     bool isAsked_ = false; ///< This owner was asked to take the item, and has not refused.
     bool decided_ = false;
     bool present_ = false;

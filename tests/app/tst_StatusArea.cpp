@@ -27,20 +27,24 @@ private slots:
     {
         FakeWatcher watcher{QStringLiteral("watcher")};
         QVERIFY(watcher.own());
+        watcher.setHost(true);
 
         const auto item = area();
+        QTRY_VERIFY(item->isHosted()); // Asked for after the registration was answered.
 
-        QTRY_COMPARE(watcher.registrations(), QStringList{ownName()});
+        QCOMPARE(watcher.registrations(), QStringList{ownName()});
     }
 
     void registersWithAWatcherThatComesLater()
     {
         const auto item = area();
         FakeWatcher watcher{QStringLiteral("watcher")};
+        watcher.setHost(true);
 
         QVERIFY(watcher.own());
+        QTRY_VERIFY(item->isHosted());
 
-        QTRY_COMPARE(watcher.registrations(), QStringList{ownName()});
+        QCOMPARE(watcher.registrations(), QStringList{ownName()});
     }
 
     void registersAgainWithAWatcherThatCameBack()

@@ -176,6 +176,16 @@ private slots:
         QCOMPARE(pressed.count(), 0);
     }
 
+    void aHostThatShowsNoMenusAsksToOpen()
+    {
+        const StatusNotifierItem item{QDBusConnection::sessionBus()};
+        const QSignalSpy openRequested{&item, &StatusNotifierItem::openRequested};
+
+        call(itemPath, itemInterface, QStringLiteral("ContextMenu"), {700, 15});
+
+        QCOMPARE(openRequested.count(), 1);
+    }
+
     void theMenuHasOneEntry()
     {
         const StatusNotifierItem item{QDBusConnection::sessionBus()};
