@@ -4,8 +4,10 @@
 #include "app/StopSignals.h"
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <tuple>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -21,8 +23,10 @@ std::array<int, 2> pipeEnds{-1, -1}; // NOLINT(*-avoid-non-const-global-variable
 
 void passOn(int /*signal*/)
 {
+    const int interrupted = errno; // Whatever was interrupted may be about to look at it.
     const char byte = 0;
     std::ignore = ::write(pipeEnds[1], &byte, 1);
+    errno = interrupted;
 }
 
 } // namespace
@@ -46,13 +50,14 @@ StopSignals::StopSignals()
         ::sigaction(signal, nullptr, &former);
         if (former.sa_handler != SIG_IGN) {
             ::sigaction(signal, &action, nullptr);
+            taken_.append(signal);
         }
     }
 }
 
 StopSignals::~StopSignals()
 {
-    for (const int signal : stopping) {
+    for (const int signal : std::as_const(taken_)) {
         std::signal(signal, SIG_DFL);
     }
     received_.reset();

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QSocketNotifier>
 
@@ -27,6 +28,7 @@ signals:
 
 private:
     std::optional<QSocketNotifier> received_;
+    QList<int> taken_; ///< The signals that were not ignored.
 };
 
 } // namespace norvane
