@@ -24,16 +24,29 @@ def root(folder):
 
 
 @pytest.mark.parametrize("path", [
+    "etc/xdg/autostart/org.norvane.NotificationCenter.desktop",
     "usr/local/bin/norvane",
+    "usr/local/lib/systemd/user/norvane-notifier.service",
     f"{SHARE}/applications/org.norvane.Norvane.desktop",
     f"{SHARE}/dbus-1/services/org.norvane.Norvane.service",
+    f"{SHARE}/dbus-1/services/org.norvane.NotificationCenter.service",
     f"{SHARE}/icons/hicolor/scalable/apps/org.norvane.Norvane.svg",
     f"{SHARE}/icons/hicolor/symbolic/apps/org.norvane.Norvane-symbolic.svg",
+    f"{SHARE}/man/man1/norvane-notifier.1",
     f"{SHARE}/man/man1/norvane.1",
     f"{SHARE}/metainfo/org.norvane.Norvane.metainfo.xml",
 ])
 def test_it_brings_what_a_desktop_expects(root, path):
     assert (root / path).is_file()
+
+
+def test_what_starts_the_notifier_names_the_installed_program(root):
+    for file in ("etc/xdg/autostart/org.norvane.NotificationCenter.desktop",
+                 "usr/local/lib/systemd/user/norvane-notifier.service",
+                 f"{SHARE}/dbus-1/services/org.norvane.NotificationCenter.service"):
+        lines = (root / file).read_text().splitlines()
+        (program,) = [line.split()[0] for line in lines if line.startswith(("Exec=", "ExecStart="))]
+        assert (root / program.split("=")[1].lstrip("/")).is_file(), file
 
 
 def test_the_desktop_entry_is_valid(root):
