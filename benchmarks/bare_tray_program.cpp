@@ -14,10 +14,6 @@ class BareItem final : public QObject {
 public:
     BareItem()
     {
-        window_.setColor(Qt::white);
-        window_.resize(360, 420);
-        window_.setPosition(460, 130);
-        window_.create();
         QDBusConnection bus = QDBusConnection::sessionBus();
         bus.registerObject(QStringLiteral("/StatusNotifierItem"), this,
                            QDBusConnection::ExportAllSlots);
@@ -28,6 +24,11 @@ public:
                                            QStringLiteral("RegisterStatusNotifierItem"));
         call << bus.baseService();
         bus.send(call);
+        window_.setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        window_.setColor(Qt::white);
+        window_.resize(360, 420);
+        window_.setPosition(460, 130);
+        window_.create();
     }
 
 public slots:
