@@ -5,6 +5,8 @@
 
 #include "platform/desktop/BusSender.h"
 
+#include <tuple>
+
 namespace norvane {
 
 namespace {

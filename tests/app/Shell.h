@@ -50,14 +50,17 @@ struct Shell {
     /// The visible button of the panel with this label; null if there is none.
     [[nodiscard]] static QQuickItem *find(const QString &text)
     {
-        const QList<QQuickItem *> items = popover()->rootObject()->findChildren<QQuickItem *>();
-        for (QQuickItem *const item : items) {
-            if (item->isVisible() && item->property("text").toString() == text &&
-                item->inherits("QQuickAbstractButton")) {
-                return item;
-            }
-        }
-        return nullptr;
+        return below(popover()->contentItem(), [&text](const QQuickItem *item) {
+            return item->property("text").toString() == text &&
+                   item->inherits("QQuickAbstractButton");
+        });
+    }
+    /// Whether the panel shows this text.
+    [[nodiscard]] static bool shows(const QString &text)
+    {
+        return below(popover()->contentItem(), [&text](const QQuickItem *item) {
+                   return item->property("text").toString() == text;
+               }) != nullptr;
     }
 
     static void type(const char *text)
@@ -71,6 +74,22 @@ struct Shell {
     {
         const QPointF middle{item->width() / 2, item->height() / 2};
         QTest::mouseClick(popover(), Qt::LeftButton, {}, item->mapToScene(middle).toPoint());
+    }
+
+private:
+    /// The first visible item at or below this one that is wanted; null if there is none.
+    template <typename Predicate>
+    static QQuickItem *below(QQuickItem *item, const Predicate &isWanted)
+    {
+        if (!item->isVisible() || isWanted(item)) {
+            return item->isVisible() ? item : nullptr;
+        }
+        for (QQuickItem *const child : item->childItems()) {
+            if (QQuickItem *const found = below(child, isWanted)) {
+                return found;
+            }
+        }
+        return nullptr;
     }
 };
 

@@ -150,6 +150,44 @@ private slots:
         QVERIFY(!Shell::popover()->isVisible());
     }
 
+    void escapeClosesTheAlertFirst()
+    {
+        Shell shell;
+        shell.launch();
+        shell.press();
+        QTRY_COMPARE(QGuiApplication::focusWindow(), Shell::popover());
+        Shell::click(Shell::find(QStringLiteral("Add Trial")));
+        Shell::type("Acme");
+        QTest::keyClick(Shell::popover(), Qt::Key_Return, Qt::ControlModifier);
+        QTRY_VERIFY(Shell::find(QStringLiteral("Delete")));
+        Shell::click(Shell::find(QStringLiteral("Delete")));
+        QTRY_VERIFY(Shell::find(QStringLiteral("Cancel")));
+
+        QTest::keyClick(Shell::popover(), Qt::Key_Escape);
+        QTRY_VERIFY(!Shell::find(QStringLiteral("Cancel")));
+        QVERIFY(Shell::popover()->isVisible());
+        QTest::keyClick(Shell::popover(), Qt::Key_Escape);
+        QVERIFY(!Shell::popover()->isVisible());
+    }
+
+    void aPopoverThatOpensAfterAWeekShowsTheDaysOfThatMoment()
+    {
+        Shell shell;
+        shell.launch();
+        shell.press();
+        QTRY_COMPARE(QGuiApplication::focusWindow(), Shell::popover());
+        Shell::click(Shell::find(QStringLiteral("Add Trial")));
+        Shell::type("Acme");
+        QTest::keyClick(Shell::popover(), Qt::Key_Return, Qt::ControlModifier);
+        QTRY_VERIFY(Shell::shows(QStringLiteral("7d left")));
+        shell.press();
+
+        shell.surroundings.clock.set(FakeSurroundings::start.advanced(5 * 86'400));
+        shell.press();
+
+        QTRY_VERIFY(Shell::shows(QStringLiteral("2d left")));
+    }
+
     void whatWasTypedIsThereWhenThePopoverComesBack()
     {
         Shell shell;

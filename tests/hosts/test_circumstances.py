@@ -71,6 +71,17 @@ def test_started_again_it_opens_the_one_that_runs(desktop):
         assert shell.process.poll() is None
 
 
+def test_started_while_the_former_one_is_ending_there_is_one(desktop):
+    for _ in range(3):
+        with Shell(desktop) as former:
+            former.process.terminate()
+            latter = desktop.start(PROGRAM)
+            assert former.process.wait(10) == 0
+            wait_until(lambda: desktop.owns("org.norvane.Norvane"), "the latter on the bus")
+            assert latter.poll() is None
+            desktop.stop(latter)
+
+
 def test_two_starts_at_the_same_moment_leave_one(desktop):
     for _ in range(3):
         both = [desktop.start(PROGRAM), desktop.start(PROGRAM)]
@@ -109,6 +120,7 @@ def test_without_a_bus_it_runs_until_asked_to_end(desktop, folder):
     wait_until(trials_file(desktop).exists, "the trials file")
     process.terminate()
     assert process.wait(10) == 0
+    assert process.stderr.read() == ""
 
 
 def test_a_bus_that_goes_away_does_not_take_it_along(folder):
@@ -130,7 +142,7 @@ def test_a_display_that_goes_away_ends_it(folder):
     with Desktop(folder / "display-gone", panel=None) as desktop, Shell(desktop) as shell:
         display = next(process for process in desktop.processes if process.args[0] == "Xvfb")
         desktop.stop(display)
-        assert shell.process.wait(10) is not None
+        assert shell.process.wait(10) == 1, "an end in order, by no signal"
 
 
 def test_without_any_data_folder_it_stops(desktop):
@@ -142,10 +154,12 @@ def test_without_any_data_folder_it_stops(desktop):
 
 
 def test_a_home_that_cannot_be_written_is_no_obstacle(desktop, folder):
-    home = folder / "locked-home"
-    home.mkdir()
-    os.chmod(home, 0o555)
-    environment = desktop.environment | {"HOME": str(home), "DBUS_SESSION_BUS_ADDRESS": f"unix:path={folder}/none"}
+    home, runtime = folder / "locked-home", folder / "runtime-of-nobody"
+    for path, mode in (home, 0o555), (runtime, 0o700):
+        path.mkdir(mode=mode)
+    os.chown(runtime, NOBODY, NOBODY)
+    environment = desktop.environment | {
+        "HOME": str(home), "XDG_RUNTIME_DIR": str(runtime), "DBUS_SESSION_BUS_ADDRESS": f"unix:path={folder}/none"}
     process = subprocess.Popen(
         ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups", PROGRAM],
         env=environment, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
@@ -154,11 +168,12 @@ def test_a_home_that_cannot_be_written_is_no_obstacle(desktop, folder):
                "a Norvane that minds signals")
     process.terminate()
     assert process.wait(10) == 0
+    assert process.stderr.read() == ""
     assert not list(home.iterdir())
 
 
-def test_a_right_to_notify_that_is_refused_changes_nothing(folder):
-    """No notification centre on the bus at all, and none beside the program to start."""
+def test_without_a_notification_centre_everything_else_works(folder):
+    """None on the bus, and none beside the program to start."""
     alone = Path(shutil.copy(PROGRAM, folder / "norvane"))
     with Desktop(folder / "no-centre") as desktop, Shell(desktop, alone) as shell:
         shell.find_icon()

@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Norvane in trayer: an X11 system tray, on a desktop without a host of status items."""
 
+import os
+import signal
 import subprocess
 
 import pytest
@@ -29,7 +31,7 @@ def icon_processes(shell):
     return answer.stdout.split()
 
 
-def icon(desktop, shell):
+def icon(desktop, shell, leftmost=1000):
     """Where the icon's window is, once there is exactly one, of a sensible size."""
 
     def found():
@@ -46,7 +48,7 @@ def icon(desktop, shell):
         lines = desktop.run("xdotool", "getwindowgeometry", "--shell", windows[0]).split()
         values = dict(line.split("=") for line in lines)
         place = tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
-        return place if 16 <= place[2] <= 40 and place[1] < 70 and place[0] > 1000 else None
+        return place if 16 <= place[2] <= 40 and place[1] < 70 and place[0] > leftmost else None
 
     shell.icon = wait_until(found, "one icon in the tray")
     return shell.icon
@@ -84,6 +86,30 @@ def test_it_opens_when_the_button_goes_down_and_closes_at_the_next(desktop, fold
         shell.wait_closed()
 
 
+@pytest.mark.parametrize("scaling", [{}, {"QT_SCALE_FACTOR": "1.25"}, {"QT_SCREEN_SCALE_FACTORS": "2"}],
+                         ids=["1", "1.25", "2"])
+def test_it_opens_centred_below_an_icon_in_mid_screen(desktop, scaling):
+    desktop.start(*(word if word != "right" else "center" for word in TRAYER))
+    with Shell(desktop, **scaling) as shell:
+        x, y, width, height = icon(desktop, shell, leftmost=500)
+        shell.press()
+        left, top, popover_width, _ = shell.wait_open()
+
+        assert abs(left + popover_width / 2 - (x + width / 2)) <= 2
+        assert 30 <= top <= 40
+
+
+def test_an_icon_whose_process_died_comes_back(desktop):
+    desktop.start(*TRAYER)
+    with Shell(desktop) as shell:
+        icon(desktop, shell)
+        (own,) = icon_processes(shell)
+        os.kill(int(own), signal.SIGKILL)
+        wait_until(lambda: icon_processes(shell) not in ([], [own]), "another process for the icon")
+
+        icon(desktop, shell)
+
+
 def test_two_quick_presses_open_and_close(desktop):
     desktop.start(*TRAYER)
     with Shell(desktop) as shell:
@@ -111,11 +137,7 @@ def test_a_host_of_status_items_takes_over_and_gives_back(desktop):
 
         panel = desktop.start_panel()
         wait_until(lambda: not icon_processes(shell), "the end of the icon in the old tray")
-        items = desktop.bus().call_blocking(
-            "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties",
-            "Get", "ss", ("org.kde.StatusNotifierWatcher", "RegisteredStatusNotifierItems"),
-        )
-        assert len(items) == 1
+        assert len(desktop.status_items()) == 1
         desktop.stop(panel)
         desktop.stop(former)  # Whose tray the panel had taken over, too.
         desktop.start(*TRAYER)

@@ -30,9 +30,10 @@ def test_it_opens_whole_on_the_screen_of_the_icon(folder, position):
             assert 0 <= gap[position] <= 10
 
 
-def test_an_unplugged_screen_gives_the_popover_back_whole(folder):
-    with TwoScreens(fresh_folder(folder / "unplugged"), panel="bottom") as desktop:
-        with Shell(desktop) as shell:
+@pytest.mark.parametrize("scale", ["1", "1.25"])
+def test_an_unplugged_screen_gives_the_popover_back_whole(folder, scale):
+    with TwoScreens(fresh_folder(folder / f"unplugged-{scale}"), panel="bottom") as desktop:
+        with Shell(desktop, QT_SCALE_FACTOR=scale) as shell:
             screen = desktop.screen_at(shell.find_icon()[0])
             shell.press()
             assert inside(shell.wait_open(), desktop.LEFT_EDGES[screen])
@@ -42,5 +43,5 @@ def test_an_unplugged_screen_gives_the_popover_back_whole(folder):
             # The screen that is left becomes the whole display.
             wait_until(lambda: inside(shell.popover(), 0), "the popover on the other screen")
             desktop.wait_until_still()
-            desktop.screenshot(folder / "unplugged.png")
+            desktop.screenshot(folder / f"unplugged-{scale}.png")
             assert shell.is_open()

@@ -107,6 +107,17 @@ def test_escape_closes_it_and_typing_is_kept(desktop, shell):
     wait_until(lambda: "Halfway" in names(desktop), "the trial with both halves of its name")
 
 
+def test_closed_by_the_window_manager_it_opens_again(desktop, shell):
+    shell.press()
+    shell.wait_keyboard()
+
+    desktop.key("alt+F4")
+    shell.wait_closed()
+    shell.press()
+
+    shell.wait_keyboard()
+
+
 def test_it_is_in_no_list_of_windows_and_above_the_others(desktop, shell):
     shell.press()
     shell.wait_open()
@@ -137,6 +148,7 @@ def test_a_panel_that_restarts_ten_times_still_shows_one_icon(desktop, shell):
         wait_until(lambda: not desktop.owns("org.kde.StatusNotifierWatcher"), "the panel's end")
         desktop.start_panel()
         shell.find_icon(f"the icon after restart {time + 1}")
+        assert len(desktop.status_items()) == 1
 
     shell.press()
     shell.wait_keyboard()

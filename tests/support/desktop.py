@@ -114,6 +114,17 @@ class Desktop:
         finally:
             connection.close()
 
+    def status_items(self):
+        """What is registered as a status item."""
+        connection = self.bus()
+        try:
+            return connection.call_blocking(
+                "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties",
+                "Get", "ss", ("org.kde.StatusNotifierWatcher", "RegisteredStatusNotifierItems"),
+            )
+        finally:
+            connection.close()
+
     def start_panel(self):
         panel = self.start("xfce4-panel", "--disable-wm-check")
         wait_until(lambda: self.owns("org.kde.StatusNotifierWatcher"), "the panel's tray")
@@ -188,15 +199,16 @@ class Desktop:
         self.run("xdotool", "key", "--delay", "20", *keys)
 
     def _start_display(self):
+        self._start_server("Xvfb", "-screen", "0", f"{self.size}x24")
+
+    def _start_server(self, *command):
+        """Starts an X server and waits until it has its display."""
         read_end, write_end = os.pipe()
         # Without -noreset the server begins anew, and is away, when its last client goes.
-        server = ["Xvfb", "-noreset", "-nolisten", "tcp", "-screen", "0", f"{self.size}x24"]
-        with open(self.folder / "Xvfb.log", "ab") as log:
+        server = [*command, "-noreset", "-nolisten", "tcp", "-displayfd", str(write_end)]
+        with open(self.folder / f"{Path(command[0]).name}.log", "ab") as log:
             self.processes.append(
-                subprocess.Popen(
-                    [*server, "-displayfd", str(write_end)],
-                    pass_fds=[write_end], stdout=log, stderr=log, start_new_session=True,
-                )
+                subprocess.Popen(server, pass_fds=[write_end], stdout=log, stderr=log, start_new_session=True)
             )
         os.close(write_end)
         with os.fdopen(read_end) as pipe:

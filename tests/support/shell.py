@@ -49,13 +49,6 @@ class Shell:
         self.icon = wait_until(area, what)
         return self.icon
 
-    def no_icon(self):
-        def gone():
-            self.desktop.screenshot(self.desktop.folder / "with-icon.png")
-            return self.desktop.changed_area(self.before, self.desktop.folder / "with-icon.png") is None
-
-        wait_until(gone, "a desktop without the icon")
-
     def press(self):
         x, y, width, height = self.icon
         self.desktop.click(x + width // 2, y + height // 2)

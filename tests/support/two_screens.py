@@ -5,10 +5,7 @@
 The panel chooses one of them, not always the same: ask screen_at() where the icon is.
 """
 
-import subprocess
-
 from .desktop import Desktop
-from .waiting import wait_until
 
 CONFIGURATION = """
 Section "ServerFlags"
@@ -56,22 +53,8 @@ class TwoScreens(Desktop):
         configuration = self.folder / "xorg.conf"
         configuration.write_text(CONFIGURATION)
         # The server itself: the wrapper of that name insists on a console.
-        server = ["/usr/lib/xorg/Xorg", "-config", str(configuration), "-noreset", "-nolisten", "tcp"]
-        for number in range(90, 120):
-            display = f":{number}"
-            with open(self.folder / "Xorg.log", "ab") as log:
-                process = subprocess.Popen(
-                    [*server, "-logfile", str(self.folder / "Xorg.0.log"), display],
-                    stdout=log, stderr=log, start_new_session=True,
-                )
-            self.environment["DISPLAY"] = display
-            if wait_until(lambda: self._answers() or process.poll() is not None, "the X server") and process.poll() is None:
-                self.processes.append(process)
-                break
-        else:
-            raise AssertionError("no display number is free")
+        self._start_server(
+            "/usr/lib/xorg/Xorg", "-config", str(configuration), "-logfile", str(self.folder / "Xorg.0.log"))
         self.run("xrandr", "--addmode", "DUMMY1", "1280x800")
         self.run("xrandr", "--output", "DUMMY1", "--mode", "1280x800", "--right-of", "DUMMY0")
-
-    def _answers(self):
-        return subprocess.run(["xdpyinfo"], env=self.environment, capture_output=True, check=False).returncode == 0
+        self.run("xrandr", "--output", "DUMMY0", "--primary")
