@@ -30,6 +30,10 @@ FocusScope {
         root.track()
     }
 
+    function focusName() {
+        nameField.forceActiveFocus(Qt.OtherFocusReason)
+    }
+
     // Scrolls to whatever got the keyboard.
     function reveal(item: Item) {
         const top = item.mapToItem(column, 0, 0).y
@@ -42,7 +46,7 @@ FocusScope {
 
     implicitHeight: column.implicitHeight + 2 * Theme.padding
 
-    Component.onCompleted: nameField.forceActiveFocus(Qt.OtherFocusReason)
+    Component.onCompleted: root.focusName()
 
     Shortcut {
         sequence: "Ctrl+Escape"

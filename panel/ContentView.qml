@@ -48,6 +48,13 @@ Rectangle {
         footer.focusAdd()
     }
 
+    function takeFocus() {
+        if (root.showingAdd)
+            (form.itemAt(0) as AddTrialForm).focusName()
+        else
+            footer.focusAdd()
+    }
+
     implicitWidth: 360
     color: Theme.background
 
@@ -72,6 +79,8 @@ Rectangle {
         Separator {}
         // There only while it is shown: none, or this one.
         Repeater {
+            id: form
+
             model: root.showingAdd ? 1 : 0
             delegate: AddTrialForm {
                 calendar: root.content.calendar
@@ -105,6 +114,7 @@ Rectangle {
             Layout.fillHeight: true
 
             onDelete_: trial => root.store.delete_(trial)
+            onEmptied: root.takeFocus()
         }
         Separator {}
         PanelFooter {

@@ -35,8 +35,8 @@ T.Dialog {
 
         Component.onCompleted: focusCancel()
         onConfirmed: {
-            root.close()
             root.confirmed()
+            root.close()
         }
         onCanceled: root.close()
     }

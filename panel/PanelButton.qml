@@ -15,6 +15,15 @@ T.AbstractButton {
     // A press with the mouse shows where the focus is by itself.
     readonly property bool showsFocus: root.activeFocus && root.focusReason !== Qt.MouseFocusReason
 
+    // What is in front blocks what is behind it, for a screen reader too.
+    function isReachable(): bool {
+        const front = T.Overlay.overlay
+        let item = root as Item
+        while (item !== null && item !== front)
+            item = item.parent
+        return root.enabled && (item === front || !front.visible)
+    }
+
     implicitWidth: root.implicitContentWidth + root.leftPadding + root.rightPadding
     implicitHeight: root.implicitContentHeight + root.topPadding + root.bottomPadding
     font: Theme.body
@@ -22,7 +31,7 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: root.text
-    Accessible.onPressAction: root.clicked()
+    Accessible.onPressAction: if (root.isReachable()) root.clicked()
     Keys.onPressed: event => {
         const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
         event.accepted = isReturn && (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier

@@ -16,8 +16,12 @@ ListView {
     required property TrialListModel trials
 
     signal delete_(trial: trial)
+    // The last row went, and the keyboard was here.
+    signal emptied()
 
     function goTo(row: int) {
+        if (root.count === 0)
+            return
         root.currentIndex = Math.max(0, Math.min(row, root.count - 1))
         root.positionViewAtIndex(root.currentIndex, ListView.Contain)
         root.focusCurrent()
@@ -29,7 +33,7 @@ ListView {
     }
 
     function pageRows(): int {
-        return Math.max(1, Math.floor(root.height / root.currentItem.height) - 1)
+        return root.currentItem === null ? 0 : Math.max(1, Math.floor(root.height / root.currentItem.height) - 1)
     }
 
     model: root.trials
@@ -62,21 +66,28 @@ ListView {
         required property int index
 
         width: root.width
-        stop: row.index === root.currentIndex
+        stop: row.index === root.currentIndex && root.height > 0
 
         onDelete_: root.delete_(row.trial)
         onActiveFocusChanged: {
-            if (row.activeFocus) {
+            if (row.activeFocus)
                 root.currentIndex = row.index
+            // Under a pressed mouse button nothing moves.
+            if (row.showsFocus)
                 root.positionViewAtIndex(row.index, ListView.Contain)
-            }
         }
+        ListView.onPooled: row.showDeleteConfirm = false
     }
 
     Connections {
         target: root.trials
 
         function onRowsInserted() { root.positionViewAtEnd() }
-        function onRowsRemoved() { if (root.activeFocus) root.focusCurrent() }
+        function onRowsRemoved() {
+            if (root.activeFocus && root.trials.rowCount() === 0)
+                root.emptied()
+            else if (root.activeFocus)
+                root.focusCurrent()
+        }
     }
 }

@@ -64,6 +64,7 @@ TestCase {
         fixture.setPalette("light")
         fixture.setFontPixels(13)
         fixture.setRightToLeft(false)
+        fixture.translate("", "")
     }
 
     width: 360

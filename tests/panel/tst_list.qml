@@ -82,6 +82,21 @@ PanelTest {
         compare(at(), "Trial 0")
     }
 
+    function test_aPressOnTheTrashOfAHalfHiddenRowAsks() {
+        openOn(fixture.startWithMany(1000))
+        list().contentY = 20
+        fixture.settle(test)
+        const trash = find("Delete", "Trial 0")
+        const where = trash.mapToItem(test, trash.width / 2, trash.height - 4)
+
+        mousePress(test, where.x, where.y)
+        compare(list().contentY, 20)
+        mouseMove(test, where.x + 1, where.y)
+        mouseRelease(test, where.x + 1, where.y)
+
+        found("Delete Trial?")
+    }
+
     function test_forTheTabKeyTheListIsOneStop() {
         openOn(fixture.startWithMany(1000))
 

@@ -43,6 +43,9 @@ PanelTest {
 
         found("No trials tracked")
         verify(find("0 active"))
+        keyClick(Qt.Key_PageUp)
+        keyClick(Qt.Key_Up)
+        compare(focusName(), "Add Trial")
     }
 
     function test_whileTheFormIsShownTheFooterHoldsOnlyQuit() {
@@ -92,12 +95,14 @@ PanelTest {
     function test_ofTwoTrialsWithOneNameTheOtherStays() {
         open([{ name: "Acme", hours: 50, cost: 1 }, { name: "Acme", hours: 90, cost: 2 }])
 
+        const isFirst = find("Delete", "Acme").mapToItem(test, 0, 0).y < 90
         click("Delete", "Acme")
         keyClick(Qt.Key_Tab, Qt.ShiftModifier)
         keyClick(Qt.Key_Enter)
 
         tryVerify(() => fixture.names().length === 1)
         found("1 active")
+        compare(fixture.cost(0), isFirst ? 2 : 1)
     }
 
     function test_theCountAndTheDaysStayUntilThePanelIsRebuilt() {
