@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 
+#include "app/FormatLocale.h"
 #include "app/Popover.h"
 #include "panel/PanelContent.h"
 #include "platform/NotificationCenter.h"
@@ -47,7 +48,7 @@ void AppDelegate::applicationDidFinishLaunching()
         connect(statusItem_.get(), &StatusItem::openRequested, this,
                 [this](const IconPress &press) { present(press, press.activationToken); });
     }
-    content_ = std::make_unique<PanelContent>(surroundings_);
+    content_ = std::make_unique<PanelContent>(surroundings_, formatLocale());
     popover_ = std::make_unique<Popover>(*content_, seams_.windowSystem);
     using Option = NotificationCenter::Option;
     surroundings_.notificationCenter.requestAuthorization(Option::Badge | Option::Sound |

@@ -30,7 +30,7 @@ class PanelContent : public QObject {
 public:
     /// Makes the store, which loads the trials and plans their reminders. Borrows the surroundings;
     /// the locale is the one in which days and times are written.
-    explicit PanelContent(const Surroundings &surroundings, const QLocale &locale = QLocale{});
+    PanelContent(const Surroundings &surroundings, const QLocale &locale);
 
     [[nodiscard]] TrialStore *store() noexcept { return &store_; }
     [[nodiscard]] TrialListModel *trials() noexcept { return &trials_; }

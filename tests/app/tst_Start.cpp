@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/DisplayChoice.h"
+#include "app/FormatLocale.h"
 #include "app/StartRequest.h"
 #include "app/StopSignals.h"
 
@@ -42,6 +43,27 @@ private slots:
         QVERIFY(DisplayChoice::make());
 
         QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray{"wayland"});
+    }
+
+    void daysAndTimesHaveALocaleOfTheirOwn_data()
+    {
+        QTest::addColumn<QByteArray>("all");
+        QTest::addColumn<QByteArray>("time");
+        QTest::addColumn<QString>("locale");
+        QTest::newRow("language alone") << QByteArray{} << QByteArray{} << "en_US";
+        QTest::newRow("formats apart") << QByteArray{} << QByteArray{"de_DE.UTF-8"} << "de_DE";
+        QTest::newRow("all overruled")
+            << QByteArray{"fr_FR.UTF-8"} << QByteArray{"de_DE.UTF-8"} << "fr_FR";
+    }
+    void daysAndTimesHaveALocaleOfTheirOwn()
+    {
+        QFETCH(const QByteArray, all);
+        QFETCH(const QByteArray, time);
+        qputenv("LANG", "en_US.UTF-8");
+        qputenv("LC_ALL", all);
+        qputenv("LC_TIME", time);
+
+        QTEST(formatLocale().name(), "locale");
     }
 
     void aLaunchersTokenMakesItAStartByHand()
