@@ -4,6 +4,7 @@
 #include "panel/DateTimeFormat.h"
 
 #include <QDate>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -232,6 +233,35 @@ std::optional<WallClockMinute> DateTimeFormat::readDay(const QList<QString> &num
     return exists ? std::optional{day} : std::nullopt;
 }
 
+std::optional<DateTimeFormat::Half> DateTimeFormat::halfIn(const QString &typed) const
+{
+    if (!has(Field::HalfOfDay)) {
+        // With a clock of 24 hours some say it all the same.
+        static const QRegularExpression said{QStringLiteral("\\d\\s*([ap])\\.?(\\s*m\\.?)?\\s*$"),
+                                             QRegularExpression::CaseInsensitiveOption};
+        const QRegularExpressionMatch match = said.match(typed);
+        if (!match.hasMatch()) {
+            return Half::Unsaid;
+        }
+        return match.captured(1).toLower() == u'p' ? Half::Second : Half::First;
+    }
+    const bool saysSomething = std::ranges::any_of(
+        typed.toStdU32String(), [](char32_t letter) { return QChar::isLetter(letter); });
+    if (!saysSomething) {
+        return Half::Unsaid;
+    }
+    bool second = typed.contains(locale_.pmText(), Qt::CaseInsensitive);
+    bool first = typed.contains(locale_.amText(), Qt::CaseInsensitive);
+    if (second == first) {
+        second = typed.contains(u'p', Qt::CaseInsensitive);
+        first = typed.contains(u'a', Qt::CaseInsensitive);
+    }
+    if (second == first) {
+        return std::nullopt;
+    }
+    return second ? Half::Second : Half::First;
+}
+
 std::optional<WallClockMinute> DateTimeFormat::readTime(QList<QString> numbers,
                                                         const QString &typed,
                                                         const WallClockMinute &before) const
@@ -249,19 +279,13 @@ std::optional<WallClockMinute> DateTimeFormat::readTime(QList<QString> numbers,
     WallClockMinute time = before;
     time.hour = valueOf(numbers.first());
     time.minute = numbers.size() == 2 ? valueOf(numbers.last()) : 0;
-    const bool saysHalf = std::ranges::any_of(
-        typed.toStdU32String(), [](char32_t letter) { return QChar::isLetter(letter); });
-    if (has(Field::HalfOfDay) && saysHalf) {
-        bool afternoon = typed.contains(locale_.pmText(), Qt::CaseInsensitive);
-        bool forenoon = typed.contains(locale_.amText(), Qt::CaseInsensitive);
-        if (afternoon == forenoon) {
-            afternoon = typed.contains(u'p', Qt::CaseInsensitive);
-            forenoon = typed.contains(u'a', Qt::CaseInsensitive);
-        }
-        if (afternoon == forenoon || time.hour < 1 || time.hour > 12) {
-            return std::nullopt;
-        }
-        time.hour = time.hour % 12 + (afternoon ? 12 : 0);
+    const std::optional<Half> half = halfIn(typed);
+    const bool isOfHalf = half.has_value() && half != Half::Unsaid;
+    if (!half || (isOfHalf && (time.hour < 1 || time.hour > 12))) {
+        return std::nullopt;
+    }
+    if (isOfHalf) {
+        time.hour = time.hour % 12 + (half == Half::Second ? 12 : 0);
     }
     const bool exists = time.hour < 24 && time.minute < 60;
     return exists ? std::optional{time} : std::nullopt;

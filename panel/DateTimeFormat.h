@@ -59,6 +59,10 @@ private:
     [[nodiscard]] static QList<QString> numbersIn(const QString &typed);
     [[nodiscard]] std::optional<WallClockMinute> readDay(const QList<QString> &numbers,
                                                          const WallClockMinute &before) const;
+    /// Whether the text says that it means an hour of the first or the second half of the day;
+    /// nothing where it says something else.
+    enum class Half { Unsaid, First, Second };
+    [[nodiscard]] std::optional<Half> halfIn(const QString &typed) const;
     [[nodiscard]] std::optional<WallClockMinute>
     readTime(QList<QString> numbers, const QString &typed, const WallClockMinute &before) const;
 

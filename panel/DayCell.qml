@@ -25,7 +25,7 @@ Item {
 
     Rectangle {
         anchors { fill: root; margins: 1 }
-        color: root.selected ? Theme.palette.highlight : "transparent"
+        color: root.selected ? Theme.highlight : "transparent"
         radius: Theme.corner
         border { color: Theme.primary; width: root.activeFocus ? 2 : 0 }
     }
@@ -43,7 +43,7 @@ Item {
         text: root.text
         textFormat: Text.PlainText
         font { family: Theme.body.family; pixelSize: root.textSize; bold: root.today }
-        color: root.selected ? Theme.palette.highlightedText
+        color: root.selected ? Theme.highlightedText
              : root.inMonth ? Theme.primary : Theme.secondary
         Accessible.ignored: true
     }

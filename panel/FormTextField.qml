@@ -14,10 +14,10 @@ T.TextField {
     leftPadding: 7
     rightPadding: 7
     font: Theme.body
-    color: Theme.palette.text
-    selectionColor: Theme.palette.highlight
-    selectedTextColor: Theme.palette.highlightedText
-    placeholderTextColor: Theme.secondary
+    color: Theme.fieldText
+    selectionColor: Theme.highlight
+    selectedTextColor: Theme.highlightedText
+    placeholderTextColor: Theme.fieldHint
     selectByMouse: true
     horizontalAlignment: TextInput.AlignLeft
     verticalAlignment: TextInput.AlignVCenter

@@ -25,6 +25,12 @@ T.Popup {
         root.open()
     }
 
+    Connections {
+        target: root.calendar
+
+        function onRefreshed() { root.today = root.calendar.today() }
+    }
+
     implicitWidth: root.implicitContentWidth + 2 * root.padding
     implicitHeight: root.implicitContentHeight + 2 * root.padding
     margins: 8

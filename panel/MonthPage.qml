@@ -33,6 +33,7 @@ ColumnLayout {
     RowLayout {
         PlainButton {
             display: T.AbstractButton.IconOnly
+            font { family: Theme.body.family; pixelSize: grid.textSize }
             symbol: root.mirrored ? "chevron.right" : "chevron.left"
             text: qsTr("Previous month")
             onClicked: root.turn(-1)
@@ -48,6 +49,7 @@ ColumnLayout {
         }
         PlainButton {
             display: T.AbstractButton.IconOnly
+            font { family: Theme.body.family; pixelSize: grid.textSize }
             symbol: root.mirrored ? "chevron.left" : "chevron.right"
             text: qsTr("Next month")
             onClicked: root.turn(1)

@@ -25,6 +25,7 @@ void PanelContent::rebuild()
     trials_.redraw();
     activeCount_ = store_.activeCount();
     emit rebuilt();
+    emit calendar_.refreshed();
 }
 
 PointInTime PanelContent::weekFromNow() const

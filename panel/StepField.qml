@@ -21,7 +21,7 @@ FormTextField {
 
     function commit() {
         if (root.text !== root.shown)
-            root.edited(root.calendar.typed(root.moment, root.part, root.text))
+            root.edited(root.calendar.typed(root.moment, root.part, root.text, root.timeOfDay))
         root.text = Qt.binding(() => root.shown) // Also where nothing came of it.
     }
 
@@ -30,7 +30,8 @@ FormTextField {
         const field = root.calendar.fieldAt(root.moment, root.part, position)
         root.edited(root.calendar.stepped(root.moment, field, steps, root.timeOfDay))
         const section = root.calendar.section(root.moment, root.part, field)
-        root.select(section.start, section.end)
+        if (root.activeFocus)
+            root.select(section.start, section.end)
     }
 
     function stepAtCursor(steps: int) {
@@ -53,7 +54,7 @@ FormTextField {
         text: root.calendar.widest(root.part)
     }
     WheelHandler {
-        // A notch is an eighth of 960; a touchpad sends it in pieces.
+        // In eighths of a degree. A notch has 15 degrees; a touchpad sends it in pieces.
         property int angle: 0
 
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad

@@ -29,6 +29,10 @@ QtObject {
     readonly property color bezel: theme.palette.button
     readonly property color primary: Contrast.readable(theme.palette.windowText, theme.background)
     readonly property color secondary: Contrast.readable(theme.dark ? "#a9a9b0" : "#626268", theme.background)
+    readonly property color fieldText: Contrast.readable(theme.palette.text, theme.field)
+    readonly property color fieldHint: Contrast.readable(theme.secondary, theme.field)
+    readonly property color highlight: theme.palette.highlight
+    readonly property color highlightedText: Contrast.readable(theme.palette.highlightedText, theme.highlight)
     readonly property color separator: Contrast.blended(theme.primary, 0.16, theme.background)
     readonly property color outline: Contrast.visible(theme.separator, theme.field)
     readonly property color accent: Contrast.visible(theme.palette.highlight, theme.background)

@@ -21,6 +21,9 @@ FocusScope {
 
     property bool showDeleteConfirm: false
 
+    readonly property bool showsFocus: trash.showsFocus
+    // Between the badge and the trash button.
+    readonly property real roomForText: content.width - badge.width - trash.width + 2 * trash.padding - 3 * content.spacing
     readonly property string daysText: Phrase.with(qsTr("%lldd left"), root.presentation.days)
     readonly property hue urgencyColor: {
         switch (root.presentation.urgency) {
@@ -52,6 +55,8 @@ FocusScope {
         spacing: 10
 
         UrgencyBadge {
+            id: badge
+
             symbol: root.presentation.badgeSymbol
             hue: root.urgencyColor
         }
@@ -76,8 +81,11 @@ FocusScope {
                     text: root.daysText
                     textFormat: Text.PlainText
                     font: Theme.captionMedium
+                    fontSizeMode: Text.HorizontalFit
                     color: root.urgencyColor.text
                     Accessible.ignored: true
+                    Layout.preferredWidth: Math.min(Math.ceil(days.advanceWidth), root.roomForText)
+                    Layout.minimumWidth: Layout.preferredWidth
                 }
                 Text {
                     visible: root.presentation.costText !== ""
@@ -112,6 +120,13 @@ FocusScope {
         }
     }
 
+    // A number of days too long for the line is written smaller.
+    TextMetrics {
+        id: days
+
+        font: Theme.captionMedium
+        text: root.daysText
+    }
     // Made when it is needed, and gone with the answer.
     Instantiator {
         active: root.showDeleteConfirm

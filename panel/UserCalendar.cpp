@@ -111,7 +111,8 @@ QString UserCalendar::text(PointInTime moment, Part part) const
     return minute ? format(part).shown(*minute).text : QString{};
 }
 
-PointInTime UserCalendar::typed(PointInTime moment, Part part, const QString &text) const
+PointInTime UserCalendar::typed(PointInTime moment, Part part, const QString &text,
+                                PointInTime timeOfDay) const
 {
     const Calendar calendar = calendars_.current();
     const std::optional<WallClockMinute> before = calendar.minuteOf(moment);
@@ -123,7 +124,8 @@ PointInTime UserCalendar::typed(PointInTime moment, Part part, const QString &te
     if (!after || *after == *before) {
         return moment;
     }
-    return calendar.movedToMinute(moment, *after).value_or(moment);
+    return part == Part::Day ? moved(calendar, moment, dateOf(*after), timeOfDay).value_or(moment)
+                             : calendar.movedToMinute(moment, *after).value_or(moment);
 }
 
 QString UserCalendar::widest(Part part) const

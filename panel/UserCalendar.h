@@ -30,6 +30,10 @@ class UserCalendar : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("made by PanelContent")
 
+signals:
+    /// The panel is shown afresh: today may be another day.
+    void refreshed();
+
 public:
     /// The two halves of a moment, each with a field of its own.
     enum class Part { Day, TimeOfDay };
@@ -40,9 +44,12 @@ public:
 
     [[nodiscard]] Q_INVOKABLE QString text(norvane::PointInTime moment,
                                            norvane::UserCalendar::Part part) const;
-    /// The moment after a text was typed over one of its parts.
-    [[nodiscard]] Q_INVOKABLE norvane::PointInTime
-    typed(norvane::PointInTime moment, norvane::UserCalendar::Part part, const QString &text) const;
+    /// The moment after a text was typed over one of its parts. `timeOfDay` has the time that a
+    /// typed date is to have.
+    [[nodiscard]] Q_INVOKABLE norvane::PointInTime typed(norvane::PointInTime moment,
+                                                         norvane::UserCalendar::Part part,
+                                                         const QString &text,
+                                                         norvane::PointInTime timeOfDay) const;
 
     /// A text as wide as the part's can get, in digits of equal width.
     [[nodiscard]] Q_INVOKABLE QString widest(norvane::UserCalendar::Part part) const;

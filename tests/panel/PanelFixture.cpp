@@ -117,6 +117,11 @@ double PanelFixture::cost(int trial) const
     return panels_.back()->content().store()->trials().at(trial).cost;
 }
 
+QString PanelFixture::notes(int trial) const
+{
+    return panels_.back()->content().store()->trials().at(trial).notes;
+}
+
 double PanelFixture::end(int trial) const
 {
     return secondsFromStart(panels_.back()->content().store()->trials().at(trial).endDate);

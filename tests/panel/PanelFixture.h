@@ -35,6 +35,7 @@ public:
     /// The store's trials.
     Q_INVOKABLE [[nodiscard]] QStringList names() const;
     Q_INVOKABLE [[nodiscard]] double cost(int trial) const;
+    Q_INVOKABLE [[nodiscard]] QString notes(int trial) const;
     /// Seconds from the fixture's start to the end of a trial.
     Q_INVOKABLE [[nodiscard]] double end(int trial) const;
     /// The same of any moment.

@@ -153,6 +153,12 @@ private slots:
                               << "12:00 pm" << time(12, 0);
         QTest::newRow("midnight") << "en_US"
                                   << "12:00 am" << time(0, 0);
+        QTest::newRow("afternoon where 24 hours are shown") << "en_GB"
+                                                            << "6pm" << time(18, 0);
+        QTest::newRow("forenoon where 24 hours are shown") << "de_DE"
+                                                           << "6:45 a.m." << time(6, 45);
+        QTest::newRow("a word that is no half of the day") << "de_DE"
+                                                           << "18 Uhr" << time(18, 0);
         QTest::newRow("24 hours where 12 are shown") << "en_US"
                                                      << "19:45" << time(19, 45);
     }

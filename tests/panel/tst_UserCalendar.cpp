@@ -57,7 +57,7 @@ private slots:
             const PointInTime moment{seconds};
 
             QCOMPARE(german.text(moment, Part::Day), QString{});
-            QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("1.1.2025")), moment);
+            QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("1.1.2025"), moment), moment);
             QCOMPARE(german.stepped(moment, field(moment, Part::Day, 0), 1, moment), moment);
             QCOMPARE(german.onDay(moment, german.today(), moment), moment);
         }
@@ -67,9 +67,9 @@ private slots:
     {
         const PointInTime moment = berlin(2025, 1, 8, 9, 30, 15.25);
 
-        QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("9.2.2026")),
+        QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("9.2.2026"), moment),
                  berlin(2026, 2, 9, 9, 30, 15.25));
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("18:05")),
+        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("18:05"), moment),
                  berlin(2025, 1, 8, 18, 5, 15.25));
     }
 
@@ -77,17 +77,17 @@ private slots:
     {
         const PointInTime moment = berlin(2025, 1, 8, 9, 30, 15.25);
 
-        QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("31.2.")), moment);
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("9:")),
+        QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("31.2."), moment), moment);
+        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("9:"), moment),
                  berlin(2025, 1, 8, 9, 0, 15.25));
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral(":")), moment);
+        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral(":"), moment), moment);
     }
 
     void aTimeThatDaylightSavingSkipsMovesOnByTheGap()
     {
         const PointInTime moment = berlin(2025, 3, 30, 1, 15, 7);
 
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("02:30")),
+        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("02:30"), moment),
                  berlin(2025, 3, 30, 3, 30, 7));
     }
 
@@ -108,8 +108,8 @@ private slots:
         const PointInTime second = berlin(2025, 10, 26, 1, 30).advanced(2 * 3600);
         QCOMPARE(german.text(second, Part::TimeOfDay), QStringLiteral("02:30"));
 
-        QCOMPARE(german.typed(second, Part::TimeOfDay, QStringLiteral("02:30")), second);
-        QCOMPARE(german.typed(second, Part::TimeOfDay, QStringLiteral("02:45")),
+        QCOMPARE(german.typed(second, Part::TimeOfDay, QStringLiteral("02:30"), second), second);
+        QCOMPARE(german.typed(second, Part::TimeOfDay, QStringLiteral("02:45"), second),
                  second.advanced(15 * 60));
     }
 

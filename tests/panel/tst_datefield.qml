@@ -139,6 +139,11 @@ PanelTest {
         keyClick(Qt.Key_Up)
         compare([day().text, time().text], ["31.03.2025", "02:30"])
         compare(chosen(), at("2025-03-31T02:30:15"))
+        keyClick(Qt.Key_Down)
+        day().selectAll()
+        type("01.04.2025")
+        keyClick(Qt.Key_Return)
+        compare([day().text, time().text], ["01.04.2025", "02:30"])
     }
 
     function openCalendar() {
@@ -235,6 +240,9 @@ PanelTest {
         keyClick(Qt.Key_Return, Qt.ControlModifier)
 
         compare(fixture.names(), [])
+        verify(panel.showingAdd)
+        openCalendar()
+        keyClick(Qt.Key_Escape, Qt.ControlModifier)
         verify(panel.showingAdd)
     }
 

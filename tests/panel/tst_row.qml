@@ -41,7 +41,7 @@ PanelTest {
 
     function test_aVeryLongNameIsCutToOneLineAndPushesNothingOut_data() {
         const rows = []
-        for (const pixels of [13, 26, 34])
+        for (const pixels of [13, 26, 34, 48])
             for (const mirrored of [false, true])
                 rows.push({ tag: pixels + (mirrored ? " mirrored" : ""), pixels: pixels, mirrored: mirrored })
         return rows
@@ -63,6 +63,15 @@ PanelTest {
         }
         const trashIsLeft = trash.mapToItem(panel, 0, 0).x < label.mapToItem(panel, 0, 0).x
         compare(trashIsLeft, data.mirrored)
+    }
+
+    function test_aFarDayIsWrittenSmallerWhereTheLineIsTooShort() {
+        fixture.setFontPixels(40)
+        const panel = open([{ name: "Acme", hours: 1e12, cost: 1e300 }])
+
+        const days = fixture.text(test, "41666666666d left"), trash = found("Delete", "Acme")
+        verify(days.contentWidth <= days.width)
+        verify(trash.mapToItem(panel, trash.width, 0).x <= 360)
     }
 
     function test_aNameIsPlainTextOnOneLine_data() {
