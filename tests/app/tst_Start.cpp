@@ -4,7 +4,7 @@
 #include "app/DisplayChoice.h"
 #include "app/FormatLocale.h"
 #include "app/StartRequest.h"
-#include "app/StopSignals.h"
+#include "platform/desktop/StopSignals.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Norvane authors
 // SPDX-License-Identifier: MIT
 
-#include "app/StopSignals.h"
+#include "platform/desktop/StopSignals.h"
 
 #include <array>
 #include <cerrno>
