@@ -38,16 +38,15 @@ void Courier::deliver()
     std::optional<OutboxEntry> head = ledger_.outboxHead();
     const std::chrono::sys_seconds now = wholeSecond(clock_.now());
     while (head && head->due + worthShowingFor(head->request.identifier) <= now) {
-        ledger_.transact([&] { ledger_.strike(head->number); });
+        ledger_.transact([&] { ledger_.lapseWaiting(head->request, now); });
         head = ledger_.outboxHead();
     }
     if (!head) {
         emit emptied();
         return;
     }
-    const NotificationRequest request = head->request;
-    underWay_ = std::move(head);
-    server_.show(request.title, request.body, request.sound);
+    underWay_ = std::move(head->request);
+    server_.show(underWay_->title, underWay_->body, underWay_->sound);
 }
 
 bool Courier::isEmpty() const
@@ -60,11 +59,11 @@ void Courier::shown()
     if (!underWay_) {
         return;
     }
-    const OutboxEntry entry = std::move(*underWay_);
+    const NotificationRequest request = std::move(*underWay_);
     underWay_.reset();
     ledger_.transact([&] {
-        ledger_.strike(entry.number);
-        ledger_.rememberDelivered(entry.request, wholeSecond(clock_.now()));
+        ledger_.strike(request);
+        ledger_.rememberDelivered(request, wholeSecond(clock_.now()));
     });
     pause_ = pauses_.first;
     deliver();
@@ -79,6 +78,9 @@ void Courier::refused()
 
 void Courier::hurry()
 {
+    if (underWay_) {
+        return; // It was this attempt that started the server: nothing new about it.
+    }
     pause_ = pauses_.first;
     timer_.stop();
     deliver();

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "notifier/OutboxEntry.h"
+#include "platform/NotificationRequest.h"
 
 #include <QObject>
 #include <QTimer>
@@ -21,7 +21,7 @@ class NotificationServer;
 ///
 /// A reminder is struck from the outbox only after the server took it. One that is refused keeps
 /// its place; it is tried again when a server appears, and after pauses that grow from one attempt
-/// to the next. What is no longer worth showing (LateRule) is let go.
+/// to the next. What is no longer worth showing (LateRule) lapses.
 ///
 /// Everything given is borrowed. One thread only.
 class Courier final : public QObject {
@@ -43,7 +43,7 @@ public:
     [[nodiscard]] bool isEmpty() const;
 
 signals:
-    /// The outbox has become empty.
+    /// There was nothing to deliver, or nothing is left.
     void emptied();
 
 private:
@@ -57,7 +57,7 @@ private:
     const Pauses pauses_;
     std::chrono::milliseconds pause_;
     QTimer timer_; ///< Runs during a pause.
-    std::optional<OutboxEntry> underWay_;
+    std::optional<NotificationRequest> underWay_;
 };
 
 } // namespace norvane

@@ -81,30 +81,41 @@ void DesktopNotificationServer::notify(const Notification &notification)
            << (readsMarkup_.value_or(false) ? asMarkup(notification.body) : notification.body)
            << QStringList{} << hints << untilTheServerDecides;
 
-    // Listened to only as long as there is something to hear about: the signal tells of every
-    // program's notifications, and each would wake this one up.
-    bus_.connect(QString{}, path, service, QStringLiteral("NotificationClosed"), this,
-                 SLOT(closed(uint)));
+    isAsking_ = true;
+    listenIfNeeded();
     call(notify, [this](const QDBusMessage &answer) {
+        isAsking_ = false;
         if (answer.type() == QDBusMessage::ReplyMessage) {
-            taken(answer.arguments().value(0).toUInt());
+            onScreen_.insert(answer.arguments().value(0).toUInt());
+            emit shown();
         } else {
+            listenIfNeeded();
             emit refused();
         }
     });
 }
 
-void DesktopNotificationServer::taken(uint id)
+/// The signal tells of every program's notifications, and each would wake this one up: it is
+/// listened to only as long as there may be something to hear about.
+void DesktopNotificationServer::listenIfNeeded()
 {
-    onScreen_.insert(id);
-    emit shown();
+    const bool needed = isAsking_ || isShowing();
+    if (needed == isListening_) {
+        return;
+    }
+    isListening_ = needed;
+    const QString signal = QStringLiteral("NotificationClosed");
+    if (needed) {
+        bus_.connect(QString{}, path, service, signal, this, SLOT(closed(uint)));
+    } else {
+        bus_.disconnect(QString{}, path, service, signal, this, SLOT(closed(uint)));
+    }
 }
 
 void DesktopNotificationServer::closed(uint id)
 {
     if (onScreen_.remove(id) && onScreen_.isEmpty()) {
-        bus_.disconnect(QString{}, path, service, QStringLiteral("NotificationClosed"), this,
-                        SLOT(closed(uint)));
+        listenIfNeeded();
         emit screenCleared();
     }
 }
@@ -114,6 +125,7 @@ void DesktopNotificationServer::ownerChanged(const QString &newOwner)
     readsMarkup_.reset();
     if (!onScreen_.isEmpty()) {
         onScreen_.clear(); // They went with the server that showed them.
+        listenIfNeeded();
         emit screenCleared();
     }
     if (!newOwner.isEmpty()) {

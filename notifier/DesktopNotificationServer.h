@@ -40,7 +40,7 @@ private:
 
     void askCapabilities(const Notification &notification);
     void notify(const Notification &notification);
-    void taken(uint id);
+    void listenIfNeeded();
     void ownerChanged(const QString &newOwner);
     void call(const QDBusMessage &message,
               const std::function<void(const QDBusMessage &)> &answered);
@@ -50,6 +50,8 @@ private:
     QDBusServiceWatcher watcher_;
     std::optional<bool> readsMarkup_; ///< Unknown until the server that is there was asked.
     QSet<uint> onScreen_;             ///< What the server called the notifications it may show.
+    bool isAsking_ = false;           ///< A notification is on its way to the server.
+    bool isListening_ = false;
 };
 
 } // namespace norvane

@@ -54,17 +54,21 @@ LedgerDisk::LedgerDisk(const QString &folder)
 {
 }
 
-bool LedgerDisk::attach(QSqlDatabase &database) const
+LedgerDisk::State LedgerDisk::attach(QSqlDatabase &database, std::chrono::milliseconds patience)
 {
-    if (!makeFolder()) {
-        return false;
+    const bool isThere = makeFolder();
+    if (lock_.take(folder_, patience) == FolderLock::Answer::Held) {
+        return State::InUse;
+    }
+    if (!isThere) {
+        return State::Unwritable;
     }
     State state = tryAttach(database);
     if (state == State::Damaged || state == State::OtherVersion) {
         setAside(QLatin1StringView{state == State::Damaged ? "damaged" : "other-version"});
         state = tryAttach(database);
     }
-    return state == State::Ready;
+    return state;
 }
 
 bool LedgerDisk::attachForReading(QSqlDatabase &database) const

@@ -3,7 +3,11 @@
 
 #pragma once
 
+#include "notifier/FolderLock.h"
+
 #include <QString>
+
+#include <chrono>
 
 class QSqlDatabase;
 
@@ -12,11 +16,13 @@ namespace norvane {
 /// The database file behind the ledger: finding, checking and making it.
 ///
 /// The file is attached to a connection under the schema name `disk`. Folder and file belong to
-/// the user alone.
+/// the user alone, and to one process at a time.
 class LedgerDisk final {
 public:
     /// The format of the file, as its `user_version`.
     static constexpr int version = 1;
+
+    enum class State { Ready, InUse, Unwritable, Damaged, OtherVersion };
 
     /// The folder is made when it is missing, on the first attach.
     explicit LedgerDisk(const QString &folder);
@@ -24,8 +30,9 @@ public:
     /// Attaches the file for writing, a fresh one where there is none. One that is damaged or of
     /// another version is set aside under a new name, for whoever wants to look into it.
     ///
-    /// False when the file cannot be written; it may be attached all the same.
-    [[nodiscard]] bool attach(QSqlDatabase &database) const;
+    /// An unwritable file may be attached all the same; a file in use is not.
+    /// For a process that has the folder to let go of it, this waits no longer than `patience`.
+    [[nodiscard]] State attach(QSqlDatabase &database, std::chrono::milliseconds patience);
     /// Sees to it that all the file holds can be read; false, with nothing attached, where that is
     /// not possible.
     [[nodiscard]] bool attachForReading(QSqlDatabase &database) const;
@@ -35,8 +42,6 @@ public:
     [[nodiscard]] static bool createTables(QSqlDatabase &database, const QString &schema);
 
 private:
-    enum class State { Ready, Unwritable, Damaged, OtherVersion };
-
     [[nodiscard]] static bool isReadable(QSqlDatabase &database);
     [[nodiscard]] bool makeFolder() const;
     [[nodiscard]] State tryAttach(QSqlDatabase &database) const;
@@ -44,6 +49,7 @@ private:
 
     const QString folder_;
     const QString path_;
+    FolderLock lock_;
 };
 
 } // namespace norvane

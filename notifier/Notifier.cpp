@@ -15,6 +15,9 @@ namespace {
 /// Bursts of calls come closer together than this.
 constexpr std::chrono::milliseconds restAfter{500};
 
+/// A disk that was full may have room again.
+constexpr std::chrono::seconds tryingDiskAfter{30};
+
 } // namespace
 
 Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings)
@@ -32,7 +35,9 @@ Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Setting
     connect(&server_, &NotificationServer::screenCleared, this, &Notifier::stir);
     rest_.setSingleShot(true);
     rest_.setInterval(restAfter);
-    connect(&rest_, &QTimer::timeout, this, &Notifier::rest);
+    connect(&rest_, &QTimer::timeout, this, &Notifier::settle);
+    backToDisk_.setInterval(tryingDiskAfter);
+    connect(&backToDisk_, &QTimer::timeout, this, &Notifier::goBackToDisk);
     connect(&idleWatch_, &IdleWatch::idle, this, &Notifier::leave);
 }
 
@@ -50,7 +55,10 @@ bool Notifier::start()
                   qUtf8Printable(busNames::notificationCenter));
         return false;
     }
-    ledger_.open();
+    if (!ledger_.open()) {
+        qCritical("Qt's SQLite driver is missing; reminders cannot be kept.");
+        return false;
+    }
     zone_.watch();
     scheduler_.start();
     stir();
@@ -77,33 +85,63 @@ void Notifier::stir()
     rest_.start();
 }
 
-void Notifier::rest()
+void Notifier::settle()
 {
+    if (!ledger_.isOnDisk()) {
+        backToDisk_.start();
+    }
     ledger_.relax();
     giveBackSpareMemory();
+}
+
+void Notifier::goBackToDisk()
+{
+    ledger_.transact([] {});
+    if (ledger_.isOnDisk()) {
+        backToDisk_.stop();
+    }
 }
 
 void Notifier::leave()
 {
     // Without the name no further call can come; those sent before are here by now and are served.
-    // If one of them brings work, the centre stays after all.
     bus_.interface()->unregisterService(busNames::notificationCenter);
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (isBusy() && claimName()) {
+            facade_.write();
+            if (isBusy() && !passOn() && claimName()) {
                 stir();
-                return;
+            } else {
+                end();
             }
-            emit finished();
         },
         Qt::QueuedConnection);
+}
+
+/// Has the bus start a successor for what came in at the last moment. One that let go of its name
+/// cannot stay itself: a service manager ends it. False where nothing is installed to be started.
+bool Notifier::passOn()
+{
+    QDBusConnectionInterface *const bus = bus_.interface();
+    // Not waited for: the successor may not start before this process is gone.
+    bus->asyncCall(QStringLiteral("StartServiceByName"), busNames::notificationCenter, 0U);
+    return bus->activatableServiceNames().value().contains(busNames::notificationCenter);
+}
+
+void Notifier::end()
+{
+    facade_.write();
+    if (!ledger_.isOnDisk()) {
+        goBackToDisk();
+    }
+    emit finished();
 }
 
 void Notifier::busGone()
 {
     qWarning("The session bus is gone; so is norvane-notifier. What is pending stays on disk.");
-    emit finished();
+    end();
 }
 
 } // namespace norvane

@@ -21,7 +21,8 @@
 
 namespace norvane {
 
-/// The notification centre, put together: one on each session bus.
+/// The notification centre, put together: one on each session bus. Of several that would share a
+/// ledger, for a user with several buses, the first has it and the others work from memory.
 class Notifier final : public QObject {
     Q_OBJECT
 
@@ -30,7 +31,7 @@ public:
         QString folder;                      ///< Where the ledger lies.
         std::chrono::milliseconds lingering; ///< How long to stay with nothing to do.
         std::chrono::milliseconds patience;  ///< How long a notification server may take.
-        Courier::Pauses pauses;
+        Courier::Pauses pauses;              ///< Between attempts to deliver.
     };
 
     Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings);
@@ -39,6 +40,8 @@ public:
     /// through before the first call is. False, after a line on standard error, when the name
     /// cannot be had: then nothing was touched.
     [[nodiscard]] bool start();
+    /// Writes what came in so far, and is finished.
+    void end();
 
 signals:
     void finished();
@@ -50,8 +53,10 @@ private slots:
 private:
     [[nodiscard]] bool claimName();
     void stir();
-    void rest();
+    void settle();
+    void goBackToDisk();
     [[nodiscard]] bool isBusy();
+    [[nodiscard]] bool passOn();
 
     QDBusConnection bus_;
     Ledger ledger_;
@@ -62,7 +67,8 @@ private:
     Courier courier_;
     ServiceFacade facade_;
     IdleWatch idleWatch_;
-    QTimer rest_; ///< Ends when work has stopped for a moment.
+    QTimer rest_;       ///< Ends when work has stopped for a moment.
+    QTimer backToDisk_; ///< Runs while the ledger is in memory only.
 };
 
 } // namespace norvane

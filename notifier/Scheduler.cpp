@@ -44,16 +44,16 @@ void Scheduler::start()
     reconsider();
 }
 
-Ledger::Outcome Scheduler::apply(const std::vector<Change> &changes)
+LedgerStorage::Outcome Scheduler::apply(const std::vector<Change> &changes)
 {
-    const Ledger::Outcome outcome = ledger_.transact([&] {
+    const LedgerStorage::Outcome outcome = ledger_.transact([&] {
         moveDue();
         for (const Change &change : changes) {
             execute(change);
         }
         moveDue();
     });
-    wait();
+    setAlarm();
     emit outboxChanged();
     return outcome;
 }
@@ -74,7 +74,7 @@ void Scheduler::review()
         ledger_.forgetBefore(now() - memory);
         moveDue();
     });
-    wait();
+    setAlarm();
     emit outboxChanged();
 }
 
@@ -86,7 +86,7 @@ void Scheduler::reconsider()
         ledger_.reviveLapsed(now());
         moveDue();
     });
-    wait();
+    setAlarm();
     emit outboxChanged();
 }
 
@@ -134,15 +134,28 @@ void Scheduler::moveDue()
         if (ledger_.cameAlready(request.identifier, request.trigger)) {
             ledger_.drop(request.number);
         } else if (missed && (latest[trialOf(request.identifier)] != request.number ||
-                              request.due + worthShowingFor(request.identifier) <= moment)) {
+                              request.due + worthShowingFor(request.identifier) <= moment ||
+                              ledger_.laterCame(request.identifier, request.trigger))) {
             ledger_.lapse(request.number, moment);
         } else {
+            makeRoom(request);
             ledger_.moveToOutbox(request.number);
         }
     }
 }
 
-void Scheduler::wait()
+/// Nobody wants several reminders of one trial at once, when a notification server comes at last.
+void Scheduler::makeRoom(const Ledger::Pending &next)
+{
+    const sys_seconds moment = now();
+    for (const OutboxEntry &entry : ledger_.earlierWaiting(next.identifier, next.trigger)) {
+        if (isMissed(entry.due, moment)) {
+            ledger_.lapseWaiting(entry.request, moment);
+        }
+    }
+}
+
+void Scheduler::setAlarm()
 {
     // With nothing pending too: a clock that is set back may bring lapsed requests back.
     alarm_.set(ledger_.earliestDue().value_or(sys_seconds::max()));

@@ -21,8 +21,9 @@ class LocalZone;
 ///
 /// A request for the minute that is running comes at once. One whose minute is over was missed,
 /// whether the machine slept through it, nobody was logged in, or it was asked for too late: it
-/// comes at once as well, unless a later reminder of its trial is due too or it is no longer worth
-/// showing (LateRule). What came already for the same identifier and minute never comes again.
+/// comes at once as well, unless a later reminder of its trial is due too or came, or it is no
+/// longer worth showing (LateRule). One that still waits in the outbox when the next of its trial
+/// joins it makes room. What came already for the same identifier and minute never comes again.
 ///
 /// Everything given is borrowed. One thread only.
 class Scheduler final : public QObject {
@@ -36,7 +37,7 @@ public:
     void start();
 
     /// Applies the changes in this order, as one.
-    Ledger::Outcome apply(const std::vector<Change> &changes);
+    LedgerStorage::Outcome apply(const std::vector<Change> &changes);
 
     [[nodiscard]] std::vector<NotificationRequest> pending();
     [[nodiscard]] bool hasPending();
@@ -52,7 +53,8 @@ private:
     void execute(const Change &change);
     void findMoments();
     void moveDue();
-    void wait();
+    void makeRoom(const Ledger::Pending &next);
+    void setAlarm();
     [[nodiscard]] std::chrono::sys_seconds now() const;
 
     Ledger &ledger_;

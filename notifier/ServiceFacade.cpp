@@ -138,9 +138,9 @@ void ServiceFacade::write()
     if (changes_.empty()) {
         return;
     }
-    const Ledger::Outcome outcome = scheduler_.apply(std::exchange(changes_, {}));
+    const LedgerStorage::Outcome outcome = scheduler_.apply(std::exchange(changes_, {}));
     for (const QDBusMessage &call : std::exchange(calls_, {})) {
-        bus_.send(outcome == Ledger::Outcome::Durable
+        bus_.send(outcome == LedgerStorage::Outcome::Durable
                       ? call.createReply()
                       : call.createErrorReply(
                             busNames::storageError,

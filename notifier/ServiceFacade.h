@@ -39,6 +39,8 @@ public:
 
     /// Whether calls wait for their answers.
     [[nodiscard]] bool isBusy() const { return !changes_.empty(); }
+    /// Writes and answers what was collected so far.
+    void write();
 
 signals:
     void called();
@@ -47,7 +49,6 @@ private:
     [[nodiscard]] bool isRefused(QLatin1StringView argument, const QString &text);
     void refuse(const QString &reason);
     void collect(Change change);
-    void write();
 
     Scheduler &scheduler_;
     QDBusConnection bus_; ///< Answers go out after the calls, when Qt no longer knows the caller's.

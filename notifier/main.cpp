@@ -4,6 +4,7 @@
 #include "notifier/Notifier.h"
 #include "notifier/SpareMemory.h"
 #include "platform/bus/BusNames.h"
+#include "platform/desktop/StopSignals.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/XdgFolders.h"
 
@@ -98,6 +99,8 @@ int main(int argc, char **argv)
                        .lingering = arguments->lingering,
                        .patience = patience,
                        .pauses = {}}};
+    const StopSignals stopSignals;
+    QObject::connect(&stopSignals, &StopSignals::stopRequested, &notifier, &Notifier::end);
     QObject::connect(&notifier, &Notifier::finished, &application, &QCoreApplication::quit);
     return notifier.start() ? QCoreApplication::exec() : EX_UNAVAILABLE;
 }

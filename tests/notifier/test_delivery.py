@@ -118,8 +118,9 @@ def test_equal_texts_both_arrive_where_a_server_refuses_a_quick_repetition(notif
     assert [one.title for one in server.wait_for(2)] == ["Same", "Same"]
 
 
-def test_a_server_that_never_answers_is_given_up_and_tried_again(notifier, server):
-    server.behaviour = "ignore"
+@pytest.mark.parametrize("behaviour", ["ignore", "mute"])
+def test_a_server_that_never_answers_is_given_up_and_tried_again(notifier, server, behaviour):
+    server.behaviour = behaviour
     notifier.start()
     notifier.add("a-1h", this_minute())
     wait_until(lambda: server.attempts == 1, "the first attempt")
@@ -141,6 +142,18 @@ def test_a_server_that_vanishes_in_mid_delivery_loses_nothing(notifier, bus):
         second.wait_for(5)
 
         assert second.titles == titles
+
+
+def test_only_the_latest_reminder_of_a_trial_waits_for_a_server(notifier, bus):
+    notifier.start()
+    notifier.add("a-24h", minutes_ago(2), title="over")
+    notifier.add("b-24h", minutes_ago(2), title="another trial's")
+    notifier.add("a-1h", minutes_ago(1), title="latest")
+
+    with NotificationServer(bus) as late:
+        late.wait_for(2)
+
+        assert late.titles == ["another trial's", "latest"]
 
 
 def test_a_request_for_the_running_minute_comes_once(notifier, server):

@@ -3,15 +3,24 @@
 
 """How the notification centre starts, and when it ends."""
 
+import signal
 import subprocess
 
+import pytest
+from gi.repository import GLib
+
+from support.bus import PrivateBus
 from support.notification_server import NotificationServer
-from support.notifier import FAR, NAME, this_minute
+from support.notifier import FAR, NAME, STORAGE_ERROR, Notifier, error_name, this_minute
 from support.waiting import wait_until
 
 
 def ends(notifier, seconds=10):
     return notifier.process.wait(seconds) == 0
+
+
+def request(identifier):
+    return GLib.Variant("(sssss)", (identifier, "Title", "Body", "default", FAR))
 
 
 def stays(notifier):
@@ -111,6 +120,19 @@ def test_it_ends_after_the_server_took_its_notifications_along(notifier, bus):
     assert ends(notifier)
 
 
+def test_it_ends_after_a_server_with_room_for_one_has_closed_the_last(notifier, server):
+    server.behaviour = "single"
+    trigger = this_minute()  # Before the second of lingering begins: it may take a while.
+    notifier.start("--linger", "1")
+    notifier.add("a-1h", trigger)
+    notifier.add("b-1h", trigger)
+    last = server.wait_for(2)[-1]
+
+    server.close_notification(last.id)
+
+    assert ends(notifier)
+
+
 def test_it_stays_while_a_reminder_waits_for_a_server(notifier):
     trigger = this_minute()  # Before the second of lingering begins: it may take a while.
     notifier.start("--linger", "1")
@@ -119,7 +141,7 @@ def test_it_stays_while_a_reminder_waits_for_a_server(notifier):
     assert stays(notifier)
 
 
-def test_it_ends_with_the_session_bus(notifier, bus):
+def test_it_ends_with_the_session_bus_and_keeps_what_is_pending(notifier, bus, tmp_path):
     notifier.start()
     notifier.add("a-1h", FAR)
 
@@ -127,3 +149,37 @@ def test_it_ends_with_the_session_bus(notifier, bus):
 
     assert ends(notifier)
     notifier.process = None
+    with PrivateBus(tmp_path / "next-bus") as next_bus:
+        with Notifier(next_bus, notifier.folder.parent) as successor:
+            assert successor.start().identifiers() == ["a-1h"]
+
+
+def test_what_was_asked_for_just_before_a_signal_to_end_is_kept(notifier):
+    notifier.start()
+    for i in range(20):
+        notifier.tell("AddRequest", request(f"{i}-1h"))
+    notifier.authorize()  # Answered once those calls are there, and before they are written.
+
+    notifier.kill(signal.SIGTERM)
+
+    notifier.start()
+    assert len(notifier.identifiers()) == 20
+
+
+def test_of_two_on_different_buses_only_the_first_uses_the_file(notifier, tmp_path):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    with PrivateBus(tmp_path / "other-bus") as other_bus:
+        with Notifier(other_bus, notifier.folder.parent) as other:
+            other.start()
+
+            with pytest.raises(GLib.Error) as caught:
+                other.add("b-1h", FAR)
+            assert error_name(caught.value) == STORAGE_ERROR
+            assert other.identifiers() == ["b-1h"]
+            notifier.add("c-1h", FAR)
+            assert notifier.identifiers() == ["a-1h", "c-1h"]
+
+            notifier.kill()
+            other.add("d-1h", FAR)  # Durable by now.
+            assert sorted(other.identifiers()) == ["a-1h", "b-1h", "c-1h", "d-1h"]

@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <memory>
+#include <optional>
 
 using namespace norvane;
 using namespace std::chrono;
@@ -114,6 +115,34 @@ private slots:
         QCOMPARE(alarm_.moment, noon + 6h);
     }
 
+    void whatLapsedByAClockThatWasWrongComesWhenItIsDueByTheRightOne()
+    {
+        add(QStringLiteral("a-24h"), u"2026-07-01T12:30");
+        sleep();
+        clock_.moment = noon + days{400};
+        wakeUp();
+        sleep();
+
+        clock_.moment = noon + 1h;
+        wakeUp();
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-24h")});
+    }
+
+    void aReminderThatLapsedForALaterOneStaysAwayWhenTheClockIsSetBack()
+    {
+        add(QStringLiteral("a-24h"), u"2026-07-01T12:10");
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:20");
+        clock_.moment = noon + 1h;
+        emit alarm_.clockSet();
+        deliverAll();
+
+        clock_.moment = noon + 59min;
+        emit alarm_.clockSet();
+
+        QCOMPARE(outbox(), QStringList{});
+    }
+
     void aJourneyEastBringsWhatTheWallClockPassed()
     {
         add(QStringLiteral("a-1h"), u"2026-07-01T13:30");
@@ -183,6 +212,20 @@ private slots:
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
     }
 
+    void aReminderThatStillWaitsForAServerMakesRoomForTheNextOfItsTrial()
+    {
+        add(QStringLiteral("a-24h"), u"2026-07-01T12:00");
+        add(QStringLiteral("b-24h"), u"2026-07-01T12:00");
+        add(QStringLiteral("a-b-1h"), u"2026-07-01T12:00");
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:30");
+
+        clock_.moment = noon + 30min;
+        emit alarm_.fired();
+
+        QCOMPARE(outbox(), (QStringList{QStringLiteral("b-24h"), QStringLiteral("a-b-1h"),
+                                        QStringLiteral("a-1h")}));
+    }
+
     void remindersOfOneTrialThatAreDueInTimeAllCome()
     {
         add(QStringLiteral("a-1"), u"2026-07-01T12:00");
@@ -234,7 +277,7 @@ private:
     void wakeUp()
     {
         ledger_ = std::make_unique<Ledger>(folder_->path());
-        ledger_->open();
+        QVERIFY(ledger_->open());
         scheduler_ = std::make_unique<Scheduler>(*ledger_, alarm_, *zone_, clock_);
         scheduler_->start();
     }
@@ -254,29 +297,26 @@ private:
     void add(const QString &identifier, QStringView trigger)
     {
         QCOMPARE(scheduler_->apply({AddRequest{request(identifier, trigger)}}),
-                 Ledger::Outcome::Durable);
+                 LedgerStorage::Outcome::Durable);
     }
-
-    /// The first reminder in the outbox; one of number 0 when there is none.
-    OutboxEntry head() { return ledger_->outboxHead().value_or(OutboxEntry{}); }
 
     /// Who is in the outbox, which is empty afterwards.
     QStringList outbox()
     {
         QStringList identifiers;
-        for (OutboxEntry entry = head(); entry.number != 0; entry = head()) {
-            identifiers << entry.request.identifier;
-            ledger_->transact([&] { ledger_->strike(entry.number); });
+        while (const std::optional<OutboxEntry> head = ledger_->outboxHead()) {
+            identifiers << head->request.identifier;
+            ledger_->transact([&] { ledger_->strike(head->request); });
         }
         return identifiers;
     }
 
     void deliverAll()
     {
-        for (OutboxEntry entry = head(); entry.number != 0; entry = head()) {
+        while (const std::optional<OutboxEntry> head = ledger_->outboxHead()) {
             ledger_->transact([&] {
-                ledger_->strike(entry.number);
-                ledger_->rememberDelivered(entry.request, clock_.moment);
+                ledger_->strike(head->request);
+                ledger_->rememberDelivered(head->request, clock_.moment);
             });
         }
     }

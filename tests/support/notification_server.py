@@ -45,15 +45,16 @@ class Shown:
 class NotificationServer:
     """Owns the server's name on the bus from start() to stop(); calls arrive on its own thread.
 
-    behaviour: "take" shows everything, "refuse" answers with an error, "ignore" never answers,
-    "distinct" refuses a text that came within the last second already.
+    behaviour: "take" shows everything, "refuse" answers with an error, "ignore" never answers a
+    notification and "mute" nothing at all, "distinct" refuses a text that came within the last
+    second already, "single" has room for one and closes it when the next comes.
     """
 
     bus: PrivateBus
     capabilities: tuple[str, ...] = ("body", "body-markup")
     behaviour: str = "take"
     shown: list[Shown] = field(default_factory=list)
-    attempts: int = 0  # Notify calls, also those that were not taken.
+    attempts: int = 0  # Calls to show something, also those that were not taken.
 
     def start(self):
         ready = threading.Event()
@@ -102,6 +103,9 @@ class NotificationServer:
         context.pop_thread_default()
 
     def _called(self, _connection, sender, _path, _interface, method, arguments, invocation):
+        if self.behaviour == "mute":
+            self.attempts += 1
+            return
         if method == "GetCapabilities":
             invocation.return_value(GLib.Variant("(as)", (list(self.capabilities),)))
             return
@@ -116,6 +120,8 @@ class NotificationServer:
             invocation.return_dbus_error(
                 "org.freedesktop.Notifications.Error.ExcessNotificationGeneration", "Not now")
             return
+        if self.behaviour == "single" and self.shown:
+            self.close_notification(self.shown[-1].id)
         shown = Shown(now, sender, len(self.shown) + 1, application, icon, title, body, actions,
                       hints, timeout)
         self.shown.append(shown)

@@ -18,6 +18,8 @@ NAME = "org.norvane.NotificationCenter"
 PATH = "/org/norvane/NotificationCenter"
 INTERFACE = "org.norvane.NotificationCenter1"
 
+STORAGE_ERROR = f"{INTERFACE}.Error.Storage"
+
 FAR = "2999-12-31T23:59"
 
 
@@ -100,6 +102,9 @@ class Notifier:
 
     def remove_all(self):
         self.call("RemoveAllPendingRequests")
+
+    def authorize(self):
+        self.call("RequestAuthorization", GLib.Variant("(u)", (7,)))
 
     def pending(self) -> list[tuple[str, str, str, str, str]]:
         return self.call("PendingRequests")[0]

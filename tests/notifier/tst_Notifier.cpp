@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "notifier/Notifier.h"
+#include "platform/bus/BusNames.h"
+#include "platform/desktop/SystemClock.h"
+#include "tests/support/PrivateSessionBus.h"
+
+#include <QDBusConnectionInterface>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace norvane;
+using namespace std::chrono_literals;
+
+class TestNotifier final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        folder_ = std::make_unique<QTemporaryDir>();
+        notifier_ = std::make_unique<Notifier>(
+            QDBusConnection::sessionBus(), clock_,
+            Notifier::Settings{
+                .folder = folder_->path(), .lingering = 1h, .patience = 1s, .pauses = {}});
+        QVERIFY(notifier_->start());
+        QCoreApplication::processEvents(); // A new connection holds calls back until then.
+    }
+
+    void cleanup() { notifier_.reset(); }
+
+    void aCallInTheMomentOfLeavingMakesItStay()
+    {
+        const QSignalSpy finished{notifier_.get(), &Notifier::finished};
+
+        callWhileItLeaves();
+
+        QTRY_VERIFY(isOnBus());
+        QCOMPARE(finished.count(), 0);
+        notifier_.reset();
+        QCOMPARE(pendingInFile(), 1U);
+    }
+
+    void whereItIsInstalledASuccessorIsStartedForSuchACall()
+    {
+        const QString started = bus_.path(QStringLiteral("started"));
+        bus_.offer(busNames::notificationCenter, QStringLiteral(": > ") + started);
+        QDBusConnection::sessionBus().interface()->call(QStringLiteral("ReloadConfig"));
+        const QSignalSpy finished{notifier_.get(), &Notifier::finished};
+
+        callWhileItLeaves();
+
+        QTRY_COMPARE(finished.count(), 1);
+        QTRY_VERIFY(QFile::exists(started));
+        notifier_.reset();
+        QCOMPARE(pendingInFile(), 1U);
+        bus_.withdrawOffer(busNames::notificationCenter);
+    }
+
+private:
+    /// A call that the bus has passed on already, and that is not looked at yet.
+    void callWhileItLeaves()
+    {
+        QDBusMessage call = QDBusMessage::createMethodCall(
+            busNames::notificationCenter, busNames::notificationCenterPath,
+            QStringLiteral("org.norvane.NotificationCenter1"), QStringLiteral("AddRequest"));
+        call << QStringLiteral("a-1h") << QString{} << QString{} << QString{}
+             << QStringLiteral("9999-01-01T12:00");
+        client_.send(call);
+        client_.interface()->call(QStringLiteral("GetId")); // Answered after that was passed on.
+
+        QVERIFY(QMetaObject::invokeMethod(notifier_.get(), "leave"));
+        QVERIFY(!isOnBus());
+    }
+
+    static bool isOnBus()
+    {
+        return QDBusConnection::sessionBus().interface()->isServiceRegistered(
+            busNames::notificationCenter);
+    }
+
+    [[nodiscard]] std::size_t pendingInFile() const
+    {
+        Ledger ledger{folder_->path()};
+        return ledger.open() && ledger.isOnDisk() ? ledger.pending().size() : 0;
+    }
+
+    const PrivateSessionBus bus_;
+    QDBusConnection client_ =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("client"));
+    const SystemClock clock_;
+    std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<Notifier> notifier_;
+};
+
+QTEST_GUILESS_MAIN(TestNotifier)
+#include "tst_Notifier.moc"
