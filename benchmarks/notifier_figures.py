@@ -144,10 +144,10 @@ def measure_faults(bus: PrivateBus, folder: Path, kills: int, requests: int, fig
         accounts = kill_run.run(notifier, server, kills, requests, seed=kills)
         pending = set(notifier.identifiers())
         lost = accounts.lost(pending, set(server.titles))
-        across, within = accounts.doubled(server)
-        wrong = len(lost) + len(accounts.returned(pending)) + len(within)
+        after_kill, without_cause = accounts.doubled(server)
+        wrong = len(lost) + len(accounts.returned(pending)) + len(without_cause)
         figures.report(f"Wrong after {kills} kills, {requests} requests",
-                       f"{wrong} ({len(lost)} lost, {len(within)} doubled; {len(across)} shown "
+                       f"{wrong} ({len(lost)} lost, {len(without_cause)} doubled; {len(after_kill)} shown "
                        "again after a kill)", "0", wrong == 0)
 
 

@@ -8,13 +8,13 @@ import signal
 import time
 from dataclasses import dataclass, field
 from datetime import datetime
+from itertools import pairwise
 
 from gi.repository import GLib
 
 from .notification_server import NotificationServer
 from .notifier import FAR, Notifier, minute
 from .waiting import wait_until
-
 
 
 @dataclass
@@ -37,13 +37,15 @@ class Accounts:
 
     @staticmethod
     def doubled(server: NotificationServer) -> tuple[set[str], set[str]]:
-        """Titles shown more than once: by two processes, and by one and the same."""
-        by: dict[str, list[str]] = {}
-        for one in server.shown:
-            by.setdefault(one.title, []).append(one.sender)
-        twice = {title: senders for title, senders in by.items() if len(senders) > 1}
-        within = {title for title, senders in twice.items() if len(set(senders)) < len(senders)}
-        return set(twice) - within, within
+        """Titles shown more than once: by the process after a killed one, which cannot know of the
+        last that was shown; and without such a reason."""
+        after_kill, without_cause, seen = set(), set(), set()
+        for last, one in pairwise([None, *server.shown]):
+            if one.title in seen:
+                was_last = last.title == one.title and last.sender != one.sender
+                (after_kill if was_last else without_cause).add(one.title)
+            seen.add(one.title)
+        return after_kill, without_cause
 
 
 def run(notifier: Notifier, server: NotificationServer, kills: int, requests: int,
