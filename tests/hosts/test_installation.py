@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """What an installation consists of, and that Norvane runs from one."""
 
+import os
 import subprocess
 from pathlib import Path
 
@@ -49,12 +50,23 @@ def test_what_starts_the_notifier_names_the_installed_program(root):
         assert (root / program.split("=")[1].lstrip("/")).is_file(), file
 
 
-def test_the_desktop_entry_is_valid(root):
-    entry = root / SHARE / "applications/org.norvane.Norvane.desktop"
-
-    answer = subprocess.run(["desktop-file-validate", entry], capture_output=True, text=True, check=False)
+@pytest.mark.parametrize("entry", [f"{SHARE}/applications/org.norvane.Norvane.desktop",
+                                   "etc/xdg/autostart/org.norvane.NotificationCenter.desktop"])
+def test_a_desktop_entry_is_valid(root, entry):
+    answer = subprocess.run(["desktop-file-validate", root / entry], capture_output=True, text=True, check=False)
 
     assert (answer.returncode, answer.stdout) == (0, "")
+
+
+def test_the_notifiers_unit_is_valid(root, folder):
+    unit = folder / "norvane-notifier.service"
+    installed = (root / "usr/local/lib/systemd/user/norvane-notifier.service").read_text()
+    unit.write_text(installed.replace("ExecStart=/", f"ExecStart={root}/"))
+
+    answer = subprocess.run(["systemd-analyze", "--user", "--man=no", "verify", unit], capture_output=True,
+                            text=True, check=False, env={**os.environ, "XDG_RUNTIME_DIR": str(folder)})
+
+    assert (answer.returncode, answer.stderr) == (0, "")
 
 
 def test_the_metadata_is_valid(root):
@@ -66,10 +78,10 @@ def test_the_metadata_is_valid(root):
     assert answer.returncode == 0, answer.stdout
 
 
-def test_the_manual_page_is_well_formed(root):
-    page = root / SHARE / "man/man1/norvane.1"
-
-    answer = subprocess.run(["groff", "-man", "-ww", "-z", page], capture_output=True, text=True, check=False)
+@pytest.mark.parametrize("page", ["norvane.1", "norvane-notifier.1"])
+def test_a_manual_page_is_well_formed(root, page):
+    answer = subprocess.run(["groff", "-man", "-ww", "-z", root / SHARE / "man/man1" / page],
+                            capture_output=True, text=True, check=False)
 
     assert (answer.returncode, answer.stderr) == (0, "")
 
