@@ -3,6 +3,8 @@
 
 #include "notifier/SystemZone.h"
 
+#include "platform/desktop/MachineZone.h"
+
 #include <QDBusConnection>
 #include <QFile>
 #include <QFileInfo>
@@ -14,37 +16,10 @@
 
 namespace norvane {
 
-namespace {
-
-/// The link that names the zone; empty when the environment names it directly.
-QString zoneLink()
-{
-    const QString zone = qEnvironmentVariable("TZ");
-    if (zone.startsWith(QLatin1StringView{":/"})) {
-        return zone.sliced(1);
-    }
-    return zone.isEmpty() ? QStringLiteral("/etc/localtime") : QString{};
-}
-
-QTimeZone zoneBehind(const QString &link)
-{
-    const QLatin1StringView folder{"/zoneinfo/"};
-    const QString target = QFileInfo{link}.canonicalFilePath();
-    if (const qsizetype at = target.lastIndexOf(folder); at >= 0) {
-        const QTimeZone zone{target.sliced(at + folder.size()).toLatin1()};
-        if (zone.isValid()) {
-            return zone;
-        }
-    }
-    return QTimeZone::systemTimeZone(); // A copied file, or a zone the environment fixes.
-}
-
-} // namespace
-
 SystemZone::SystemZone(QObject *parent)
     : LocalZone{parent},
       link_{zoneLink()},
-      zone_{zoneBehind(link_)},
+      zone_{machineZone()},
       descriptor_{::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)},
       readable_{QSocketNotifier::Read}
 {
@@ -63,9 +38,10 @@ void SystemZone::watch()
         return;
     }
     // The folder, because a link that is replaced takes a watch on itself with it; and only for
-    // names that come into it, because every event is a wake-up.
+    // names that come into it and files that were written, because every event is a wake-up.
     const QByteArray folder = QFile::encodeName(QFileInfo{link_}.absolutePath());
-    if (::inotify_add_watch(descriptor_, folder.constData(), IN_CREATE | IN_MOVED_TO) >= 0) {
+    if (::inotify_add_watch(descriptor_, folder.constData(),
+                            IN_CREATE | IN_MOVED_TO | IN_CLOSE_WRITE) >= 0) {
         readable_.setSocket(descriptor_);
         connect(&readable_, &QSocketNotifier::activated, this, &SystemZone::folderChanged);
         readable_.setEnabled(true);
@@ -87,7 +63,7 @@ void SystemZone::folderChanged()
 
 void SystemZone::look()
 {
-    const QTimeZone zone = zoneBehind(link_);
+    const QTimeZone zone = machineZone();
     if (zone != zone_) {
         zone_ = zone;
         emit changed();

@@ -9,10 +9,10 @@
 
 namespace norvane {
 
-/// The zone that /etc/localtime links to, and notice of every change of it.
+/// The machine's zone, and notice of every change of it.
 ///
-/// Where the environment names a zone itself (TZ), that one counts, as it does for every other
-/// program; `TZ=:/path/to/link` has that link watched in place of /etc/localtime.
+/// Watches /etc/localtime, or the link whose path the environment names in its place (TZ). A zone
+/// that the environment names itself never changes.
 class SystemZone final : public LocalZone {
     Q_OBJECT
 

@@ -3,11 +3,13 @@
 
 #include "platform/desktop/SystemCalendarSource.h"
 
+#include "platform/desktop/MachineZone.h"
+
 namespace norvane {
 
 Calendar SystemCalendarSource::current() const
 {
-    return Calendar{QTimeZone::systemTimeZone()};
+    return Calendar{machineZone()};
 }
 
 } // namespace norvane
