@@ -13,6 +13,7 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QTimer>
+#include <QUuid>
 
 #include <chrono>
 #include <utility>
@@ -20,8 +21,6 @@
 namespace norvane {
 
 namespace {
-
-const QString connectionName = QStringLiteral("norvane-notification-center");
 
 /// From its start to its name; what takes longer does not come any more.
 constexpr std::chrono::seconds patienceWithStandIn{5};
@@ -35,7 +34,10 @@ QDBusMessage callOnBus(const QString &method)
 
 } // namespace
 
-BusSender::BusSender(QString standIn) : standIn_{std::move(standIn)}, patience_{this}
+BusSender::BusSender(QString standIn)
+    : standIn_{std::move(standIn)},
+      connectionName_{QUuid::createUuid().toString()},
+      patience_{this}
 {
     patience_.setSingleShot(true);
     patience_.setInterval(patienceWithStandIn);
@@ -45,7 +47,7 @@ BusSender::BusSender(QString standIn) : standIn_{std::move(standIn)}, patience_{
 BusSender::~BusSender()
 {
     proxy_.reset();
-    QDBusConnection::disconnectFromBus(connectionName);
+    QDBusConnection::disconnectFromBus(connectionName_);
 }
 
 void BusSender::send(const Call &call)
@@ -83,11 +85,11 @@ void BusSender::flush(const QDeadlineTimer &deadline)
 
 void BusSender::connectToBus()
 {
-    if (std::exchange(connected_, true)) {
+    if (std::exchange(triedToConnect_, true)) {
         return;
     }
     const QDBusConnection bus =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName_);
     if (!bus.isConnected()) {
         return;
     }
@@ -153,7 +155,8 @@ void BusSender::started(bool up)
 void BusSender::sendWaiting()
 {
     for (const Call &call : std::exchange(waiting_, {})) {
-        // An answer that nobody reads would cost the bus and both ends more than the call itself.
+        // By name, because the proxy's own functions ask for an answer. One that nobody reads would
+        // cost the bus and both ends more than the call itself.
         proxy_->callWithArgumentList(QDBus::NoBlock, call.method, call.arguments);
     }
 }

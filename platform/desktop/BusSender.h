@@ -37,6 +37,7 @@ public:
     explicit BusSender(QString standIn = {});
     ~BusSender() override;
 
+    /// Connects at the first call, and has the centre started where it is not known to run.
     void send(const Call &call);
     /// Waits for a centre that is being started, sends what still waits, and returns when the bus
     /// has received everything, or at the deadline.
@@ -55,11 +56,12 @@ private:
     void sendWaiting();
 
     const QString standIn_;
+    const QString connectionName_; ///< Its own: under one name all get the same connection.
     std::unique_ptr<NotificationCenterProxy> proxy_; ///< None until the first call, or without bus.
     std::unique_ptr<QDBusServiceWatcher> watcher_;
     std::vector<Call> waiting_;
-    QTimer patience_;        ///< Runs while the stand-in has not taken the name.
-    bool connected_ = false; ///< Connecting was tried.
+    QTimer patience_; ///< Runs while the stand-in has not taken the name.
+    bool triedToConnect_ = false;
     bool starting_ = false;
     bool ready_ = false; ///< Calls may go out at once.
 };

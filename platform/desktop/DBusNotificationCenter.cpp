@@ -16,6 +16,12 @@ namespace {
 constexpr int patienceAtTheEnd = 1000;
 constexpr int patienceOfTheSender = 800;
 
+/// On the bus a text ends before its first U+0000.
+QString withoutNul(QString text)
+{
+    return text.replace(QChar::Null, QChar::ReplacementCharacter);
+}
+
 } // namespace
 
 DBusNotificationCenter::DBusNotificationCenter(const QString &standIn)
@@ -62,12 +68,16 @@ void DBusNotificationCenter::requestAuthorization(Options options)
 void DBusNotificationCenter::addNotificationRequest(const NotificationRequest &request)
 {
     post(QStringLiteral("AddRequest"),
-         {request.identifier, request.title, request.body, request.sound, request.trigger.text()});
+         {withoutNul(request.identifier), withoutNul(request.title), withoutNul(request.body),
+          withoutNul(request.sound), request.trigger.text()});
 }
 
 void DBusNotificationCenter::removePendingNotificationRequests(const QStringList &identifiers)
 {
-    post(QStringLiteral("RemovePendingRequests"), {identifiers});
+    // Cut short, a name would be another request's; whole, no pending one bears it.
+    QStringList bearable = identifiers;
+    bearable.removeIf([](const QString &name) { return name.contains(QChar::Null); });
+    post(QStringLiteral("RemovePendingRequests"), {bearable});
 }
 
 void DBusNotificationCenter::removeAllPendingNotificationRequests()

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
+#include <QDBusReply>
 #include <QElapsedTimer>
 #include <QScopeGuard>
 #include <QTest>
@@ -48,6 +49,36 @@ private slots:
                                              "default 2025-01-08T09:05"),
                               QStringLiteral("RemovePendingRequests a b"),
                               QStringLiteral("RemovePendingRequests")}));
+    }
+
+    /// On the bus a text ends before its first U+0000.
+    void aTextWithNulArrivesWhole()
+    {
+        RecordingCenterService service{QDBusConnection::sessionBus()};
+        QVERIFY(service.appear());
+        DBusNotificationCenter center;
+
+        center.addNotificationRequest({.identifier = withNul("i", "d"),
+                                       .title = withNul("Ti", "tle"),
+                                       .body = withNul("bo", "dy"),
+                                       .sound = withNul("so", "und"),
+                                       .trigger = {2025, 1, 8, 9, 5}});
+
+        QTRY_COMPARE(service.calls(), QStringList{QStringLiteral(
+                                          "AddRequest i\ufffdd Ti\ufffdtle bo\ufffddy so\ufffdund "
+                                          "2025-01-08T09:05")});
+    }
+
+    void anIdentifierWithNulWithdrawsNoOther()
+    {
+        RecordingCenterService service{QDBusConnection::sessionBus()};
+        QVERIFY(service.appear());
+        DBusNotificationCenter center;
+
+        center.removePendingNotificationRequests(
+            {QStringLiteral("a"), withNul("b", "c"), QStringLiteral("d")});
+
+        QTRY_COMPARE(service.calls(), QStringList{QStringLiteral("RemovePendingRequests a d")});
     }
 
     /// A bus keeps track of only so many answers that are still due.
@@ -93,6 +124,20 @@ private slots:
         QCOMPARE(service.calls().constLast(), call(0));
     }
 
+    void everyCentreHasAConnectionOfItsOwn()
+    {
+        RecordingCenterService service{QDBusConnection::sessionBus()};
+        QVERIFY(service.appear());
+        DBusNotificationCenter first;
+        DBusNotificationCenter second;
+
+        add(first, 0);
+        add(second, 1);
+
+        QTRY_COMPARE(service.calls().size(), 2);
+        QCOMPARE(service.callers().size(), 2);
+    }
+
     void withoutAServiceThereIsSilenceAndNoDelay()
     {
         QTest::failOnWarning(QRegularExpression{QStringLiteral(".*")});
@@ -131,16 +176,22 @@ private slots:
         QVERIFY2(atTheEnd < 1'300, qPrintable(QString::number(atTheEnd)));
     }
 
-    void aServiceThatAppearsLaterGetsWhatComesAfter()
+    void aServiceThatDidNotStartAndAppearsLaterGetsWhatComesAfter()
     {
         RecordingCenterService service{QDBusConnection::sessionBus()};
+        const Offer offer{bus_, QStringLiteral("touch %1; exit 1").arg(started())};
         DBusNotificationCenter center;
         add(center, 0);
+        QTRY_VERIFY(QFile::exists(started()));
+        // The bus tells this caller not before it has told the centre.
+        const QDBusReply<void> start =
+            QDBusConnection::sessionBus().interface()->startService(busNames::notificationCenter);
+        QVERIFY(!start.isValid());
 
-        QTRY_VERIFY((add(center, 1), service.appear()));
-        add(center, 2);
+        QVERIFY(service.appear());
+        add(center, 1);
 
-        QTRY_VERIFY(service.calls().contains(call(2)));
+        QTRY_VERIFY(service.calls().contains(call(1)));
     }
 
     void aServiceThatGoesAndComesBackGetsWhatComesAfter()
@@ -225,6 +276,10 @@ private:
     }
     [[nodiscard]] QString started() const { return started(bus_); }
 
+    static QString withNul(const char *before, const char *after)
+    {
+        return QString::fromLatin1(before) + QChar::Null + QString::fromLatin1(after);
+    }
     static void add(DBusNotificationCenter &center, int number)
     {
         center.addNotificationRequest({.identifier = QString::number(number),

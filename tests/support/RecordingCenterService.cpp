@@ -37,6 +37,7 @@ void RecordingCenterService::disappear()
 void RecordingCenterService::note(const QString &call)
 {
     calls_.append(call);
+    callers_.insert(message().service());
     answersAsked_ += message().isReplyRequired() ? 1 : 0;
 }
 

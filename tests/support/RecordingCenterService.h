@@ -8,6 +8,7 @@
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -30,6 +31,8 @@ public:
 
     /// Each call as its name and arguments with blanks in between, in order.
     [[nodiscard]] const QStringList &calls() const noexcept { return calls_; }
+    /// The connections that calls came from, by their names on the bus.
+    [[nodiscard]] const QSet<QString> &callers() const noexcept { return callers_; }
     /// How many of the calls asked for an answer.
     [[nodiscard]] int answersAsked() const noexcept { return answersAsked_; }
 
@@ -47,6 +50,7 @@ private:
 
     QDBusConnection connection_;
     QStringList calls_;
+    QSet<QString> callers_;
     int answersAsked_ = 0;
 };
 
