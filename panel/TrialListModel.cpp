@@ -20,11 +20,12 @@ QList<Trial> firstOfEachId(const QList<Trial> &trials)
 {
     QList<Trial> firsts;
     firsts.reserve(trials.size());
-    QSet<QUuid> seen;
+    // By their bytes, whose hash is seeded: a file can hold any number of ids that hash alike.
+    QSet<QByteArray> seen;
     seen.reserve(trials.size());
     for (const Trial &trial : trials) {
-        if (!seen.contains(trial.id)) {
-            seen.insert(trial.id);
+        if (const QByteArray id = trial.id.toRfc4122(); !seen.contains(id)) {
+            seen.insert(id);
             firsts.append(trial);
         }
     }

@@ -106,10 +106,11 @@ void TrialStore::scheduleAllNotifications()
 {
     surroundings_.notificationCenter.removeAllPendingNotificationRequests();
     const QList<Trial> snapshot = trials_;
-    QHash<QUuid, qsizetype> firstWithId;
+    // By their bytes, whose hash is seeded: a file can hold any number of ids that hash alike.
+    QHash<QByteArray, qsizetype> firstWithId;
     firstWithId.reserve(snapshot.size());
     for (qsizetype index = snapshot.size() - 1; index >= 0; --index) {
-        firstWithId.insert(snapshot.at(index).id, index);
+        firstWithId.insert(snapshot.at(index).id.toRfc4122(), index);
     }
     for (const Trial &trial : snapshot) {
         if (trial.endDate < surroundings_.clock.now()) {
@@ -117,7 +118,7 @@ void TrialStore::scheduleAllNotifications()
         }
         const QStringList identifiers = scheduleNotifications(trial);
         emit objectWillChange();
-        trials_[firstWithId.value(trial.id)].notificationIds = identifiers;
+        trials_[firstWithId.value(trial.id.toRfc4122())].notificationIds = identifiers;
     }
     save();
 }
