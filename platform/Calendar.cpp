@@ -15,6 +15,11 @@ constexpr qint64 secondsPerDay = 86'400;
 /// Seconds whose milliseconds still fit 64 bits, with room for a few days of arithmetic.
 constexpr double farthestUnixSecond = 6.0e15;
 
+bool isInYears1To9999(const QDate &date)
+{
+    return date.isValid() && date.year() >= 1 && date.year() <= 9999;
+}
+
 constexpr qint64 floorDivide(qint64 dividend, qint64 divisor)
 {
     return dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
@@ -107,7 +112,7 @@ std::optional<WallClockMinute> Calendar::minuteOf(PointInTime moment) const
         return std::nullopt;
     }
     const QDate date = QDate{1970, 1, 1}.addDays(local->day);
-    if (!date.isValid() || date.year() < 1 || date.year() > 9999) {
+    if (!isInYears1To9999(date)) {
         return std::nullopt;
     }
     const int minuteOfDay = static_cast<int>(local->secondOfDay / 60);
@@ -123,7 +128,7 @@ std::optional<PointInTime> Calendar::movedToMinute(PointInTime moment,
 {
     std::optional<LocalTime> local = localTime(moment);
     const QDate date{minute.year, minute.month, minute.day};
-    if (!local || !date.isValid()) {
+    if (!local || !isInYears1To9999(date) || !QTime::isValid(minute.hour, minute.minute, 0)) {
         return std::nullopt;
     }
     const qint64 day = QDate{1970, 1, 1}.daysTo(date);

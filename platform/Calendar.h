@@ -33,7 +33,8 @@ public:
     ///
     /// A minute that comes twice is the one with the UTC offset of `moment` where that is one of
     /// the two. One that daylight saving skips moves on by the length of the gap. Nothing where
-    /// either cannot be held, or where the minute is on no date.
+    /// this calendar cannot hold the moment, or where no date of the years 1 to 9999 has the
+    /// minute.
     [[nodiscard]] std::optional<PointInTime> movedToMinute(PointInTime moment,
                                                            const WallClockMinute &minute) const;
 

@@ -3,7 +3,6 @@
 
 #include "platform/desktop/XdgFolders.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <pwd.h>
@@ -17,7 +16,7 @@ namespace {
 QString absolutePathIn(const char *variable)
 {
     QString path = QFile::decodeName(qgetenv(variable));
-    return QDir::isAbsolutePath(path) ? path : QString{};
+    return path.startsWith(u'/') ? path : QString{};
 }
 
 QString home()

@@ -73,8 +73,9 @@ private slots:
         const Calendar calendar{QTimeZone{"Pacific/Apia"}};
         const PointInTime thursday = moment(QStringLiteral("2011-12-29T12:00:00-10:00"));
 
-        QCOMPARE(calendar.minuteOf(thursday.advanced(86'400))->text(),
-                 QStringLiteral("2011-12-31T12:00"));
+        const auto dayLater = calendar.minuteOf(thursday.advanced(86'400));
+        QVERIFY(dayLater);
+        QCOMPARE(dayLater->text(), QStringLiteral("2011-12-31T12:00"));
         QCOMPARE(calendar.wholeDays(thursday, thursday.advanced(86'400)), 2);
     }
 
@@ -134,7 +135,7 @@ private slots:
                  -60'000'000'000);
     }
 
-    void aMomentThatNoCalendarCanHoldHasNeitherDaysNorAMinute_data()
+    void aMomentThatNoCalendarCanHoldHasNeitherDaysNorMinutes_data()
     {
         QTest::addColumn<double>("moment");
         QTest::newRow("1e16") << 1e16;
@@ -145,15 +146,79 @@ private slots:
         QTest::newRow("negative infinity") << -std::numeric_limits<double>::infinity();
         QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN();
     }
-    void aMomentThatNoCalendarCanHoldHasNeitherDaysNorAMinute()
+    void aMomentThatNoCalendarCanHoldHasNeitherDaysNorMinutes()
     {
         QFETCH(const double, moment);
         const Calendar calendar{QTimeZone{"America/New_York"}};
         const PointInTime now{757'382'400};
 
         QCOMPARE(calendar.minuteOf(PointInTime{moment}), std::nullopt);
+        QCOMPARE(calendar.movedToMinute(PointInTime{moment}, {2025, 1, 1, 12, 0}), std::nullopt);
         QCOMPARE(calendar.wholeDays(now, PointInTime{moment}), std::nullopt);
         QCOMPARE(calendar.wholeDays(PointInTime{moment}, now), std::nullopt);
+    }
+
+    void aMomentMovesToAnotherMinuteWithItsSeconds_data()
+    {
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<WallClockMinute>("minute");
+        QTest::addColumn<QString>("to");
+        const auto row = [](const char *name, const char *from, const WallClockMinute &minute,
+                            const char *to) {
+            QTest::newRow(name) << QString::fromLatin1(from) << minute << QString::fromLatin1(to);
+        };
+        row("another time", "2025-01-01T12:00:40.25+01:00", {2025, 1, 1, 9, 5},
+            "2025-01-01T09:05:40.25+01:00");
+        row("another date", "2025-01-01T12:00:40+01:00", {2025, 7, 1, 12, 0},
+            "2025-07-01T12:00:40+02:00");
+        row("a time that was skipped", "2025-03-29T12:00:40+01:00", {2025, 3, 30, 2, 30},
+            "2025-03-30T03:30:40+02:00");
+        row("a time that comes twice, from winter", "2025-10-27T12:00:40+01:00",
+            {2025, 10, 26, 2, 30}, "2025-10-26T02:30:40+01:00");
+        row("a time that comes twice, from summer", "2025-10-25T12:00:40+02:00",
+            {2025, 10, 26, 2, 30}, "2025-10-26T02:30:40+02:00");
+        row("the last minute that can be said", "2025-01-01T12:00:40+01:00", {9999, 12, 31, 23, 59},
+            "9999-12-31T23:59:40+01:00");
+    }
+    void aMomentMovesToAnotherMinuteWithItsSeconds()
+    {
+        QFETCH(const QString, from);
+        QFETCH(const WallClockMinute, minute);
+        QFETCH(const QString, to);
+        const Calendar calendar{QTimeZone{"Europe/Berlin"}};
+
+        const auto moved = calendar.movedToMinute(moment(from), minute);
+
+        QVERIFY(moved);
+        QCOMPARE(moved->secondsSinceReference(), moment(to).secondsSinceReference());
+    }
+
+    void aMinuteThatIsOnNoDateIsNotMovedTo_data()
+    {
+        QTest::addColumn<WallClockMinute>("minute");
+        const auto row = [](const char *name, const WallClockMinute &minute) {
+            QTest::newRow(name) << minute;
+        };
+        constexpr int most = std::numeric_limits<int>::max();
+        constexpr int least = std::numeric_limits<int>::min();
+        row("no such day", {2025, 2, 29, 12, 0});
+        row("no such month", {2025, 13, 1, 12, 0});
+        row("the year 10000", {10'000, 1, 1, 12, 0});
+        row("the last year that a date can have", {most, 1, 1, 12, 0});
+        row("a year before 1", {-1, 1, 1, 12, 0});
+        row("the first year", {least, 1, 1, 12, 0});
+        row("an hour too many", {2025, 1, 1, 24, 0});
+        row("as many hours as can be", {2025, 1, 1, most, 0});
+        row("an hour too few", {2025, 1, 1, -1, 0});
+        row("a minute too many", {2025, 1, 1, 12, 60});
+        row("a minute too few", {2025, 1, 1, 12, -1});
+    }
+    void aMinuteThatIsOnNoDateIsNotMovedTo()
+    {
+        QFETCH(const WallClockMinute, minute);
+        const Calendar calendar{QTimeZone{"Europe/Berlin"}};
+
+        QCOMPARE(calendar.movedToMinute(PointInTime{757'382'400}, minute), std::nullopt);
     }
 
 private:

@@ -44,6 +44,7 @@ private slots:
         QTest::newRow("relative") << QByteArray{"data"};
         QTest::newRow("relative with a dot") << QByteArray{"./data"};
         QTest::newRow("an unexpanded home") << QByteArray{"~/data"};
+        QTest::newRow("built into a program") << QByteArray{":/data"};
     }
     void anythingElseInAVariableIsIgnored()
     {
@@ -68,11 +69,16 @@ private slots:
         QTest::newRow("unset") << QByteArray{};
         QTest::newRow("empty") << QByteArray{""};
         QTest::newRow("relative") << QByteArray{"home/ada"};
+        QTest::newRow("built into a program") << QByteArray{":/home/ada"};
     }
     void withoutTheHomeVariableTheUserDatabaseKnowsTheHome()
     {
         QFETCH(const QByteArray, home);
-        home.isNull() ? qunsetenv("HOME") : qputenv("HOME", home);
+        if (home.isNull()) {
+            qunsetenv("HOME");
+        } else {
+            qputenv("HOME", home);
+        }
         const passwd *const user = ::getpwuid(::getuid());
         QVERIFY(user != nullptr);
 
