@@ -15,7 +15,8 @@ public:
     BackgroundTasks &operator=(const BackgroundTasks &) = delete;
     virtual ~BackgroundTasks() = default;
 
-    /// Starts the work and returns without waiting for it. The work must own what it uses.
+    /// Starts the work and returns without waiting for it. What the work only borrows must outlive
+    /// this object, after whose end no work runs.
     virtual void detach(std::function<void()> work) = 0;
 };
 

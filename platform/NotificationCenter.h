@@ -17,6 +17,7 @@ namespace norvane {
 /// called from any thread.
 class NotificationCenter {
 public:
+    /// What to ask permission for. The numbers are those of the contract on the bus.
     enum class Option : quint32 { Badge = 1, Sound = 2, Alert = 4 };
     Q_DECLARE_FLAGS(Options, Option)
 

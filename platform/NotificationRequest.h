@@ -11,10 +11,13 @@ namespace norvane {
 
 /// One notification to be shown later, once, when the wall clock reaches a minute.
 struct NotificationRequest {
+    /// The desktop's own sound for news.
+    static inline const QString defaultSound = QStringLiteral("default");
+
     QString identifier;
     QString title;
-    QString body; ///< Plain text, whatever it holds.
-    QString sound;
+    QString body;  ///< Plain text, whatever it holds.
+    QString sound; ///< Always defaultSound: the centre knows no other.
     WallClockMinute trigger;
 
     friend bool operator==(const NotificationRequest &, const NotificationRequest &) = default;

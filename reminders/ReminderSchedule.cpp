@@ -46,7 +46,7 @@ QStringList ReminderSchedule::plan(const Trial &trial) const
             center_.addNotificationRequest({.identifier = identifier,
                                             .title = reminder.title.toString(),
                                             .body = bodyOf(reminder, trial),
-                                            .sound = QStringLiteral("default"),
+                                            .sound = NotificationRequest::defaultSound,
                                             .trigger = *minute});
         }
         identifiers.append(identifier);

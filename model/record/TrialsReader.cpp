@@ -86,12 +86,12 @@ bool TrialsReader::takeId(const QString &text)
 
 bool TrialsReader::null()
 {
-    return takeScalar();
+    return skipping();
 }
 
 bool TrialsReader::boolean(bool /*value*/)
 {
-    return takeScalar();
+    return skipping();
 }
 
 bool TrialsReader::number_integer(number_integer_t value)

@@ -9,17 +9,17 @@
 #include <nlohmann/json.hpp>
 
 #include <bitset>
-#include <optional>
 #include <string>
+#include <utility>
 
 namespace norvane {
 
 /// Builds trials from the events of the JSON parser, and stops it at the first thing that has no
 /// place in a trials file.
 ///
-/// Works on events rather than on a finished document because a document no longer tells a Boolean
-/// from a number by accident, -0 from 0, or the first of two members of one name from the second,
-/// and because what is skipped then costs neither memory nor stack.
+/// Works on events rather than on a finished document because a document no longer tells -0 from 0,
+/// or the first of two members of one name from the second, and because what is skipped then costs
+/// neither memory nor stack.
 class TrialsReader final : public nlohmann::json_sax<nlohmann::ordered_json> {
 public:
     /// What was read, once the parser has reported success.
@@ -59,7 +59,6 @@ private:
     [[nodiscard]] static Member memberNamed(const std::string &name);
     [[nodiscard]] bool skipping() const;
     [[nodiscard]] bool enter();
-    [[nodiscard]] bool takeScalar() const { return skipping(); }
     [[nodiscard]] bool takeNumber(double value);
     [[nodiscard]] bool takeId(const QString &text);
 
