@@ -89,6 +89,7 @@ private:
         const QByteArray outer = qgetenv("TZ");
         const bool wasSet = qEnvironmentVariableIsSet("TZ");
         qputenv("TZ", zone);
+        ::tzset();
         const auto seconds =
             static_cast<std::time_t>(std::floor(moment)) + PointInTime::referenceInUnixSeconds;
         std::tm local{};
@@ -96,7 +97,12 @@ private:
         std::array<char, 32> text{};
         const std::size_t length =
             std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M", &local);
-        wasSet ? qputenv("TZ", outer) : qunsetenv("TZ");
+        if (wasSet) {
+            qputenv("TZ", outer);
+        } else {
+            qunsetenv("TZ");
+        }
+        ::tzset();
         return QString::fromLatin1(text.data(), static_cast<qsizetype>(length));
     }
 };

@@ -8,7 +8,9 @@
 #include <QThread>
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
+#include <thread>
 
 using namespace norvane;
 
@@ -51,17 +53,25 @@ private slots:
     void theEndWaitsForWhatWasStarted()
     {
         QSemaphore allowed;
-        bool done = false;
+        QSemaphore ended;
+        std::atomic<bool> done = false;
         auto tasks = std::make_unique<ThreadPoolTasks>();
         tasks->detach([&] {
             allowed.acquire();
             done = true;
         });
+        // Only an end that lasts sees the work done: one that does not wait is over before.
+        std::thread release{[&] {
+            ended.tryAcquire(1, 100);
+            allowed.release();
+        }};
 
-        allowed.release();
         tasks.reset();
+        const bool doneAtTheEnd = done;
 
-        QVERIFY(done);
+        ended.release();
+        release.join();
+        QVERIFY(doneAtTheEnd);
     }
 };
 

@@ -42,7 +42,9 @@ private slots:
                             .with("notes", written.toUtf8())
                             .with("notificationIds", "[" + written.toUtf8() + "]")
                             .text());
-        QCOMPARE(TrialsFile::decode(*bytes)->first().name, text);
+        const auto trials = TrialsFile::decode(*bytes);
+        QVERIFY(trials);
+        QCOMPARE(trials->first().name, text);
     }
 
     void aReferenceNumberReadsBackToTheSameBits_data()
@@ -68,6 +70,29 @@ private slots:
         QVERIFY(trials);
         QCOMPARE(ReferenceCases::bitsOf(trials->first().cost), bits);
         QCOMPARE(ReferenceCases::bitsOf(trials->first().endDate.secondsSinceReference()), bits);
+    }
+
+    void aNegativeZeroIsWrittenWithItsSign()
+    {
+        Trial trial = sample();
+        trial.endDate = PointInTime{-0.0};
+        trial.cost = -0.0;
+        trial.createdAt = PointInTime{-0.0};
+
+        const auto bytes = TrialsFile::encode({trial});
+
+        QCOMPARE(bytes, TrialsText{}
+                            .with("endDate", "-0.0")
+                            .with("cost", "-0.0")
+                            .with("createdAt", "-0.0")
+                            .text());
+        const auto trials = TrialsFile::decode(*bytes);
+        QVERIFY(trials);
+        const Trial read = trials->first();
+        for (const double value : {read.endDate.secondsSinceReference(), read.cost,
+                                   read.createdAt.secondsSinceReference()}) {
+            QCOMPARE(ReferenceCases::bitsOf(value), ReferenceCases::bitsOf(-0.0));
+        }
     }
 
     void anEmptyListIsWrittenAsTwoSquareBrackets()
@@ -112,7 +137,9 @@ private slots:
         const auto bytes = TrialsFile::encode({trial});
 
         QCOMPARE(bytes, TrialsText{}.with("name", "\"TV\\/Radio\"").text());
-        QCOMPARE(TrialsFile::decode(*bytes)->first().name, QStringLiteral("TV/Radio"));
+        const auto trials = TrialsFile::decode(*bytes);
+        QVERIFY(trials);
+        QCOMPARE(trials->first().name, QStringLiteral("TV/Radio"));
     }
 
     void controlCharactersHaveTheirShortEscapeOrFourDigits()
@@ -146,7 +173,9 @@ private slots:
         const auto bytes = TrialsFile::encode({trial});
 
         QCOMPARE(bytes, TrialsText{}.with("name", "\"" + text.toUtf8() + "\"").text());
-        QCOMPARE(TrialsFile::decode(*bytes)->first().name, text);
+        const auto trials = TrialsFile::decode(*bytes);
+        QVERIFY(trials);
+        QCOMPARE(trials->first().name, text);
     }
 
     void aNumberThatIsNotFiniteFailsTheWholeList_data()
@@ -173,7 +202,10 @@ private slots:
 
 private:
     /// The record that TrialsText writes.
-    static Trial sample() { return TrialsFile::decode(TrialsText{}.text())->first(); }
+    static Trial sample()
+    {
+        return TrialsFile::decode(TrialsText{}.text()).value_or(QList<Trial>{}).value(0);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestTrialsFileWriting)

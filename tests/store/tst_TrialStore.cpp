@@ -62,6 +62,20 @@ private slots:
                  QStringList{u"add " + store.trials().at(1).idText() + u"-1h"});
     }
 
+    void theZoneIsAskedForAnewAtEachPlan()
+    {
+        FakeSurroundings fake;
+        TrialStore store{fake.all()};
+
+        add(store, "at home", 2 * hour);
+        fake.calendars.set(QByteArrayLiteral("Asia/Tokyo"));
+        add(store, "on a journey", 2 * hour);
+
+        QCOMPARE(fake.center.requests().size(), 2);
+        QCOMPARE(fake.center.requests().at(0).trigger.text(), QStringLiteral("2025-01-01T01:00"));
+        QCOMPARE(fake.center.requests().at(1).trigger.text(), QStringLiteral("2025-01-01T10:00"));
+    }
+
     void nothingIsCheckedWhenAdding()
     {
         FakeSurroundings fake;
@@ -126,7 +140,7 @@ private slots:
         QVERIFY(store.trials().isEmpty());
     }
 
-    void theWithdrawalIsNotWaitedForAndLeavesTheMainThread()
+    void theWithdrawalIsABackgroundTaskThatIsNotWaitedFor()
     {
         FakeSurroundings fake;
         {
@@ -144,7 +158,6 @@ private slots:
         fake.tasks.run(); // It needs nothing of the store any more.
 
         QCOMPARE(fake.center.operations().size(), 1);
-        QVERIFY(fake.center.thread() != QThread::currentThread());
         QVERIFY(fake.center.pending().isEmpty());
     }
 

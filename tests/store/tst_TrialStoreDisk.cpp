@@ -109,7 +109,7 @@ private slots:
         QCOMPARE(outcome.status, 0);
     }
 
-    void aFileThatCannotBeReadIsAnEmptyListAndStaysAsItIs()
+    void aFileThatCanBeNeitherReadNorWrittenIsAnEmptyListAndStaysAsItIs()
     {
         FakeSurroundings fake;
         fake.folders.write(TrialsText{}.text());
@@ -126,6 +126,25 @@ private slots:
         QCOMPARE(outcome.status, 0);
         QFile::setPermissions(fake.folders.trialsFile(), QFile::ReadOwner);
         QCOMPARE(fake.folders.bytes(), TrialsText{}.text());
+    }
+
+    void aFileThatCanBeWrittenButNotReadIsReplacedByAnEmptyList()
+    {
+        FakeSurroundings fake;
+        fake.folders.write(TrialsText{}.text());
+        QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{0x2222});
+
+        const auto outcome = ForkedChild::run(
+            [&fake] {
+                const TrialStore store{fake.all()};
+                return store.trials().isEmpty() ? 0 : 1;
+            },
+            ForkedChild::ordinaryUser);
+
+        QCOMPARE(outcome.output, QByteArray{});
+        QCOMPARE(outcome.status, 0);
+        QFile::setPermissions(fake.folders.trialsFile(), QFile::ReadOwner);
+        QCOMPARE(fake.folders.bytes(), QByteArray{"[]"});
     }
 
     void aFileThatCannotBeWrittenLeavesTheListInMemoryAhead()

@@ -127,7 +127,9 @@ private slots:
 
         const QStringList expected{id("A") + u"-24h", id("A") + u"-1h"};
         QCOMPARE(store.trials().first().notificationIds, expected);
-        QCOMPARE(TrialsFile::decode(fake.folders.bytes())->first().notificationIds, expected);
+        const auto written = TrialsFile::decode(fake.folders.bytes());
+        QVERIFY(written);
+        QCOMPARE(written->first().notificationIds, expected);
     }
 
     void aTrialThatHasEndedKeepsItsStaleIdentifiers()

@@ -9,7 +9,7 @@
 
 namespace norvane {
 
-/// The calendar of one time zone, whatever the machine's.
+/// The calendar of the time zone that a test chose, whatever the machine's.
 class FixedCalendarSource final : public CalendarSource {
 public:
     explicit FixedCalendarSource(const QByteArray &zone = QByteArrayLiteral("UTC"))
@@ -18,6 +18,8 @@ public:
     }
 
     [[nodiscard]] Calendar current() const override { return calendar_; }
+
+    void set(const QByteArray &zone) { calendar_ = Calendar{QTimeZone{zone}}; }
 
 private:
     Calendar calendar_;

@@ -7,7 +7,6 @@
 
 #include <QList>
 #include <QMap>
-#include <QThread>
 
 namespace norvane {
 
@@ -47,8 +46,6 @@ public:
     {
         return pending_;
     }
-    /// Where the last operation came from.
-    [[nodiscard]] const QThread *thread() const noexcept { return thread_; }
 
     /// Forgets what was recorded; what is pending stays.
     void forget()
@@ -58,16 +55,11 @@ public:
     }
 
 private:
-    void note(const QString &operation)
-    {
-        operations_.append(operation);
-        thread_ = QThread::currentThread();
-    }
+    void note(const QString &operation) { operations_.append(operation); }
 
     QStringList operations_;
     QList<NotificationRequest> requests_;
     QMap<QString, NotificationRequest> pending_;
-    const QThread *thread_ = nullptr;
 };
 
 } // namespace norvane
