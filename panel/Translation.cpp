@@ -5,16 +5,39 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
+
 namespace norvane {
 
-Translation::Translation(const QLocale &locale)
+namespace {
+
+/// English is the language of the texts in the code.
+bool isEnglish(const QString &language)
 {
-    if (translator_.load(locale, QStringLiteral("norvane"), QStringLiteral("_"),
-                         QStringLiteral(":/norvane/translations"))) {
+    return QLocale{language}.language() == QLocale::English;
+}
+
+} // namespace
+
+Translation::Translation(const QLocale &locale) : Translation{locale.uiLanguages()} {}
+
+Translation::Translation(const QStringList &languages)
+{
+    const auto shown = std::ranges::find_if(languages, [this](const QString &language) {
+        return isEnglish(language) || load(language);
+    });
+    if (!translator_.isEmpty()) {
         QCoreApplication::installTranslator(&translator_);
     }
     // After the translator, whose installation lets Qt choose a direction of its own.
-    QGuiApplication::setLayoutDirection(locale.textDirection());
+    const QString language = shown != languages.end() ? *shown : languages.value(0);
+    QGuiApplication::setLayoutDirection(QLocale{language}.textDirection());
+}
+
+bool Translation::load(const QString &language)
+{
+    return translator_.load(u"norvane_" + language, QStringLiteral(":/norvane/translations"),
+                            QStringLiteral("-"));
 }
 
 } // namespace norvane
