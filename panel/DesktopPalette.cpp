@@ -5,6 +5,7 @@
 
 #include "platform/Appearance.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 
 namespace norvane {
@@ -44,6 +45,7 @@ DesktopPalette::DesktopPalette(const Appearance &appearance, QObject *parent)
       appearance_{appearance}
 {
     connect(&appearance_, &Appearance::colorSchemeChanged, this, &DesktopPalette::apply);
+    QCoreApplication::instance()->installEventFilter(this);
     apply();
 }
 
@@ -65,6 +67,15 @@ QPalette DesktopPalette::dark()
                       .button = 0xff3b3b40,
                       .highlight = 0xff5b9bf3,
                       .highlightedText = 0xff101014});
+}
+
+bool DesktopPalette::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    // Windows are told of the desktop's new theme; of a palette that ours covers nobody is.
+    if (event->type() == QEvent::ThemeChange) {
+        apply();
+    }
+    return false;
 }
 
 void DesktopPalette::apply() const

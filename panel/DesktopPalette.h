@@ -13,7 +13,8 @@ class Appearance;
 /// Keeps the application's palette as light or dark as the desktop is.
 ///
 /// The palette that the desktop gives holds where it agrees, or where the desktop has no
-/// preference; otherwise one of our own steps in, until that changes.
+/// preference; otherwise one of our own steps in, until the preference or the desktop's palette
+/// changes.
 class DesktopPalette : public QObject {
     Q_OBJECT
 
@@ -23,6 +24,8 @@ public:
 
     [[nodiscard]] static QPalette light();
     [[nodiscard]] static QPalette dark();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void apply() const;
