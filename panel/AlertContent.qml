@@ -14,6 +14,8 @@ ColumnLayout {
     required property string title
     required property string name
 
+    readonly property real line: message.implicitHeight / message.lineCount
+
     signal confirmed()
     signal canceled()
 
@@ -21,10 +23,23 @@ ColumnLayout {
         cancelButton.forceActiveFocus(Qt.PopupFocusReason)
     }
 
+    function scrollBy(way: real) {
+        const end = Math.max(0, scroll.contentHeight - scroll.height)
+        scroll.contentY = Math.max(0, Math.min(scroll.contentY + way, end))
+    }
+
     spacing: Theme.spacing
 
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
+    Keys.onUpPressed: root.scrollBy(-root.line)
+    Keys.onDownPressed: root.scrollBy(root.line)
+    Keys.onPressed: event => {
+        const pages = event.key === Qt.Key_PageUp ? -1 : event.key === Qt.Key_PageDown ? 1 : 0
+        event.accepted = pages !== 0
+        if (event.accepted)
+            root.scrollBy(pages * Math.max(root.line, scroll.height - root.line))
+    }
 
     Text {
         horizontalAlignment: Text.AlignHCenter
@@ -37,7 +52,7 @@ ColumnLayout {
         color: Theme.primary
         Layout.fillWidth: true
     }
-    // A long name scrolls; the buttons stay.
+    // A long name scrolls, by the keys too; the buttons stay.
     Flickable {
         id: scroll
 

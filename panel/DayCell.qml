@@ -18,8 +18,10 @@ Item {
 
     Accessible.role: Accessible.Cell
     Accessible.name: root.spoken
+    Accessible.description: root.today ? qsTr("Today") : ""
     Accessible.focusable: true
     Accessible.focused: root.activeFocus
+    Accessible.selectable: true
     Accessible.selected: root.selected
     Accessible.onPressAction: root.picked()
 

@@ -66,6 +66,13 @@
     </message>
 </context>
 <context>
+    <name>DayCell</name>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+</context>
+<context>
     <name>DeleteAlert</name>
     <message>
         <source>Delete Trial?</source>
@@ -76,7 +83,7 @@
     <name>EmptyState</name>
     <message>
         <source>No trials tracked</source>
-        <translation>Keine Testphasen gemerkt</translation>
+        <translation>Keine Testphasen erfasst</translation>
     </message>
     <message>
         <source>Add a free trial to get started</source>
@@ -91,7 +98,7 @@
     </message>
     <message>
         <source>Track Trial</source>
-        <translation>Testphase merken</translation>
+        <translation>Testphase erfassen</translation>
     </message>
 </context>
 <context>

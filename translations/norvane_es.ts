@@ -66,6 +66,13 @@
     </message>
 </context>
 <context>
+    <name>DayCell</name>
+    <message>
+        <source>Today</source>
+        <translation>Hoy</translation>
+    </message>
+</context>
+<context>
     <name>DeleteAlert</name>
     <message>
         <source>Delete Trial?</source>
@@ -138,7 +145,7 @@
     <name>TrialRow</name>
     <message>
         <source>%lldd left</source>
-        <translation>quedan %lld d</translation>
+        <translation>%lld d restantes</translation>
     </message>
     <message>
         <source>Delete</source>

@@ -66,6 +66,13 @@
     </message>
 </context>
 <context>
+    <name>DayCell</name>
+    <message>
+        <source>Today</source>
+        <translation>Aujourd’hui</translation>
+    </message>
+</context>
+<context>
     <name>DeleteAlert</name>
     <message>
         <source>Delete Trial?</source>
