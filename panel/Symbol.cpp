@@ -26,7 +26,8 @@ void Symbol::paint(QPainter *painter)
     if (pixels <= 0 || name_.isEmpty()) {
         return;
     }
-    // Drawn at its final size in pixels, so that no edge is ever scaled; and once for all rows.
+    // Drawn in pixels of the screen, so that no edge of a whole number of them is scaled; and once
+    // for all rows.
     const QString key = QStringLiteral("norvane %1 %2 %3")
                             .arg(name_, color_.name(QColor::HexArgb), QString::number(pixels));
     QPixmap pixmap;

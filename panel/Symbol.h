@@ -10,7 +10,8 @@
 
 namespace norvane {
 
-/// A drawing from the set of symbols, in one colour, crisp at every size and scale.
+/// A drawing from the set of symbols, in one colour, crisp wherever its size is whole pixels of the
+/// screen.
 ///
 /// Its natural size is `size` square, in device-independent pixels; it is drawn centred.
 class Symbol : public QQuickPaintedItem {

@@ -42,8 +42,9 @@ QtObject {
     readonly property hue yellow: Contrast.hue(theme.dark ? "#ffd426" : "#f0be00", theme.background)
     readonly property hue green: Contrast.hue(theme.dark ? "#34d15c" : "#2aa84a", theme.background)
 
-    // The side of a symbol that stands beside a text: whole and even, so that its edges stay crisp.
+    // The side of a symbol that stands beside a text: in fours, which are whole pixels of the screen
+    // also at 1.25 and 1.5 times the size, so that its edges stay crisp.
     function symbolSize(font: font): int {
-        return 2 * Math.round(font.pixelSize * 0.62)
+        return 4 * Math.max(1, Math.round(font.pixelSize * 0.325))
     }
 }

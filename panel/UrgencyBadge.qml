@@ -24,6 +24,6 @@ Item {
         anchors.centerIn: root
         name: root.symbol
         color: root.hue.symbolOnPatch
-        size: Math.min(Theme.symbolSize(Theme.caption), 22)
+        size: Math.min(Theme.symbolSize(Theme.caption), 20)
     }
 }
