@@ -99,16 +99,7 @@ Rectangle {
             }
         }
         Separator { visible: root.showingAdd }
-        EmptyState {
-            visible: !trialList.visible
-            Layout.fillWidth: true
-            Layout.fillHeight: true
-            Layout.minimumHeight: 0
-        }
-        TrialList {
-            id: trialList
-
-            visible: trialList.count > 0
+        TrialSection {
             trials: root.content.trials
             Layout.fillWidth: true
             Layout.fillHeight: true

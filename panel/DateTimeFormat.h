@@ -46,6 +46,8 @@ public:
                                                       const WallClockMinute &before) const;
 
 private:
+    enum class Half { Unsaid, First, Second };
+
     struct Token {
         std::optional<Field> field; ///< None for a literal.
         QString text;               ///< The literal, or the format's letters.
@@ -61,7 +63,6 @@ private:
                                                          const WallClockMinute &before) const;
     /// Whether the text says that it means an hour of the first or the second half of the day;
     /// nothing where it says something else.
-    enum class Half { Unsaid, First, Second };
     [[nodiscard]] std::optional<Half> halfIn(const QString &typed) const;
     [[nodiscard]] std::optional<WallClockMinute>
     readTime(QList<QString> numbers, const QString &typed, const WallClockMinute &before) const;

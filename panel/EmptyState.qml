@@ -5,14 +5,16 @@ import QtQuick
 
 import org.norvane.panel
 
-// What stands in the list's place while there are no trials.
+// What stands in the list's place while there are no trials: in the middle of whatever room there
+// is. Beside a tall form that may be too little; then the symbol gives way first and the hint next.
 Item {
     id: root
 
-    implicitHeight: column.implicitHeight + 2 * 30
-    clip: true
+    readonly property real heightOfTexts: title.implicitHeight + column.spacing + hint.implicitHeight
+    readonly property real heightOfAll: symbol.height + column.spacing + root.heightOfTexts
 
-    // In the middle of whatever room there is; beside a tall form that is less than it would like.
+    implicitHeight: root.heightOfAll + 2 * 30
+
     Column {
         id: column
 
@@ -21,13 +23,19 @@ Item {
         spacing: 8
 
         Symbol {
+            id: symbol
+
             anchors.horizontalCenter: parent.horizontalCenter
+            visible: root.height >= root.heightOfAll
             name: "shield.checkered"
             color: Theme.secondary
             size: Theme.symbolSize(Theme.largeTitle)
         }
         Text {
+            id: title
+
             width: column.width
+            visible: root.height >= title.implicitHeight
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WordWrap
             text: qsTr("No trials tracked")
@@ -38,7 +46,10 @@ Item {
             color: Theme.secondary
         }
         Text {
+            id: hint
+
             width: column.width
+            visible: root.height >= root.heightOfTexts
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WordWrap
             text: qsTr("Add a free trial to get started")

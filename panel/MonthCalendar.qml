@@ -25,12 +25,6 @@ T.Popup {
         root.open()
     }
 
-    Connections {
-        target: root.calendar
-
-        function onRefreshed() { root.today = root.calendar.today() }
-    }
-
     implicitWidth: root.implicitContentWidth + 2 * root.padding
     implicitHeight: root.implicitContentHeight + 2 * root.padding
     margins: 8
@@ -56,5 +50,11 @@ T.Popup {
             root.picked(day)
             root.close()
         }
+    }
+
+    Connections {
+        target: root.calendar
+
+        function onRefreshed() { root.today = root.calendar.today() }
     }
 }

@@ -49,8 +49,6 @@ FocusScope {
     RowLayout {
         id: content
 
-        readonly property bool mirrored: content.LayoutMirroring.enabled
-
         anchors { fill: parent; leftMargin: Theme.padding; rightMargin: Theme.padding }
         spacing: 10
 
@@ -74,31 +72,11 @@ FocusScope {
                 Accessible.ignored: true
                 Layout.fillWidth: true
             }
-            RowLayout {
-                spacing: 6
-
-                Text {
-                    text: root.daysText
-                    textFormat: Text.PlainText
-                    font: Theme.captionMedium
-                    fontSizeMode: Text.HorizontalFit
-                    color: root.urgencyColor.text
-                    Accessible.ignored: true
-                    Layout.preferredWidth: Math.min(Math.ceil(days.advanceWidth), root.roomForText)
-                    Layout.minimumWidth: Layout.preferredWidth
-                }
-                Text {
-                    visible: root.presentation.costText !== ""
-                    horizontalAlignment: Text.AlignLeft
-                    // In a line from right to left its dot too stands beside the days.
-                    text: (content.mirrored ? "\u200f" : "") + root.presentation.costText
-                    textFormat: Text.PlainText
-                    font: Theme.caption
-                    color: Theme.secondary
-                    elide: Text.ElideRight
-                    Accessible.ignored: true
-                    Layout.fillWidth: true
-                }
+            TrialDetails {
+                daysText: root.daysText
+                daysColor: root.urgencyColor.text
+                costText: root.presentation.costText
+                room: root.roomForText
             }
         }
         Item {}
@@ -120,13 +98,6 @@ FocusScope {
         }
     }
 
-    // A number of days too long for the line is written smaller.
-    TextMetrics {
-        id: days
-
-        font: Theme.captionMedium
-        text: root.daysText
-    }
     // Made when it is needed, and gone with the answer.
     Instantiator {
         active: root.showDeleteConfirm

@@ -30,10 +30,6 @@ class UserCalendar : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("made by PanelContent")
 
-signals:
-    /// The panel is shown afresh: today may be another day.
-    void refreshed();
-
 public:
     /// The two halves of a moment, each with a field of its own.
     enum class Part { Day, TimeOfDay };
@@ -90,6 +86,10 @@ public:
     [[nodiscard]] Q_INVOKABLE QString dayOfMonth(int day) const;
     /// The date in words, for a screen reader.
     [[nodiscard]] Q_INVOKABLE QString spokenDay(int day) const;
+
+signals:
+    /// The panel is shown afresh: today may be another day.
+    void refreshed();
 
 private:
     [[nodiscard]] const DateTimeFormat &format(Part part) const;
