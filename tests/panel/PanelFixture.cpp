@@ -4,7 +4,9 @@
 #include "tests/panel/PanelFixture.h"
 
 #include "panel/DesktopPalette.h"
+#include "panel/Symbol.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QDateTime>
 #include <QGuiApplication>
@@ -114,17 +116,17 @@ QStringList PanelFixture::names() const
 
 double PanelFixture::cost(int trial) const
 {
-    return panels_.back()->content().store()->trials().at(trial).cost;
+    return panels_.back()->content().store()->trials().value(trial).cost;
 }
 
 QString PanelFixture::notes(int trial) const
 {
-    return panels_.back()->content().store()->trials().at(trial).notes;
+    return panels_.back()->content().store()->trials().value(trial).notes;
 }
 
 double PanelFixture::end(int trial) const
 {
-    return secondsFromStart(panels_.back()->content().store()->trials().at(trial).endDate);
+    return secondsFromStart(panels_.back()->content().store()->trials().value(trial).endDate);
 }
 
 double PanelFixture::secondsFromStart(PointInTime moment) const
@@ -184,6 +186,37 @@ int PanelFixture::countOf(QQuickItem *below, const QString &type) const
         count += countOf(child, type);
     }
     return count;
+}
+
+QList<double> PanelFixture::symbolSizes(QQuickItem *below) const
+{
+    QList<double> sizes;
+    if (below->isVisible() && qobject_cast<Symbol *>(below) != nullptr) {
+        sizes.append({below->width(), below->height()});
+    }
+    for (QQuickItem *const child : below->childItems()) {
+        sizes.append(symbolSizes(child));
+    }
+    return sizes;
+}
+
+QStringList PanelFixture::running(QObject *below) const
+{
+    QStringList types;
+    // QML's Timer runs on the clock of the animations, every other on the event loop's.
+    const bool isQmlTimer = below->inherits("QQmlTimer") && below->property("running").toBool();
+    if (isQmlTimer || !QAbstractEventDispatcher::instance()->registeredTimers(below).isEmpty()) {
+        types.append(QString::fromLatin1(below->metaObject()->className()));
+    }
+    for (QObject *const child : below->children()) {
+        types.append(running(child));
+    }
+    if (const auto *const item = qobject_cast<QQuickItem *>(below)) {
+        for (QQuickItem *const child : item->childItems()) {
+            types.append(running(child));
+        }
+    }
+    return types;
 }
 
 void PanelFixture::settle(QQuickItem *anywhere) const

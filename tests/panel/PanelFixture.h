@@ -55,6 +55,11 @@ public:
     /// How many items of this type there are below an item, shown or not.
     Q_INVOKABLE [[nodiscard]] int countOf(QQuickItem *below, const QString &type) const;
 
+    /// The sides of all visible symbols below an item.
+    Q_INVOKABLE [[nodiscard]] QList<double> symbolSizes(QQuickItem *below) const;
+    /// The types of the objects below one, itself included, that have a timer running.
+    Q_INVOKABLE [[nodiscard]] QStringList running(QObject *below) const;
+
     /// Lays out and draws what is still to be.
     Q_INVOKABLE void settle(QQuickItem *anywhere) const;
 

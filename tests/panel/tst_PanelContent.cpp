@@ -115,16 +115,6 @@ private slots:
         QCOMPARE(panel.content().activeCount(), 0);
         QCOMPARE(days(*panel.content().trials(), 0), QStringLiteral("-5"));
     }
-
-    void nothingLooksAtTheClockWhileThePanelRests()
-    {
-        PanelOnFakes panel{{trial("a", 30)}, QByteArrayLiteral("UTC"), QLocale::c()};
-        const int reads = panel.clock().reads();
-
-        QTest::qWait(50); // Nothing to wait for: that is the point.
-
-        QCOMPARE(panel.clock().reads(), reads);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestPanelContent)

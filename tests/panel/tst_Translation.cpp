@@ -5,6 +5,8 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QXmlStreamReader>
 
@@ -15,14 +17,21 @@ namespace {
 struct Message {
     QString context;
     QString source;
+
+    friend bool operator==(const Message &, const Message &) = default;
 };
 
-/// The messages of the template, which has every text of the panel.
-QList<Message> messages()
+QString sourceFile(const QString &name)
 {
-    QFile file{QStringLiteral(NORVANE_TRANSLATIONS "/norvane.ts")};
+    return QStringLiteral(NORVANE_TRANSLATIONS "/") + name;
+}
+
+/// The messages of the template, which has every text of the panel; or those of another file.
+QList<Message> messages(const QString &path = sourceFile(QStringLiteral("norvane.ts")))
+{
+    QFile file{path};
     if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("No template of the translations");
+        qFatal("Cannot read %s", qUtf8Printable(path));
     }
     QList<Message> messages;
     QString context;
@@ -59,6 +68,29 @@ class TestTranslation final : public QObject {
     Q_OBJECT
 
 private slots:
+    void theTemplateHasEveryTextOfThePanel()
+    {
+        const QTemporaryDir folder;
+        const QString collected = folder.filePath(QStringLiteral("norvane.ts"));
+
+        QCOMPARE(QProcess::execute(QStringLiteral(NORVANE_LUPDATE),
+                                   {QStringLiteral("-silent"), QStringLiteral(NORVANE_PANEL),
+                                    QStringLiteral("-ts"), collected}),
+                 0);
+
+        QVERIFY(messages() == messages(collected));
+    }
+
+    void everyLanguageHasTheTextsOfTheTemplate()
+    {
+        const QStringList files = QDir{sourceFile({})}.entryList({QStringLiteral("norvane_*.ts")});
+        QCOMPARE(files.count(), 5);
+
+        for (const QString &file : files) {
+            QVERIFY2(messages(sourceFile(file)) == messages(), qPrintable(file));
+        }
+    }
+
     void everyTextIsTranslated_data() { addLanguages(); }
     void everyTextIsTranslated()
     {
@@ -121,6 +153,39 @@ private slots:
         QCOMPARE(QGuiApplication::layoutDirection(), Qt::RightToLeft);
         const Translation german{QLocale{QStringLiteral("de_DE")}};
         QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight);
+    }
+
+    void theFirstOfTheLanguagesThatCanBeShownIs_data()
+    {
+        QTest::addColumn<QString>("languages");
+        QTest::addColumn<QString>("cancel");
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+
+        QTest::newRow("English needs no translation") << "en-US en de-DE de"
+                                                      << "Cancel" << Qt::LeftToRight;
+        QTest::newRow("English behind another") << "de-AT en-US"
+                                                << "Abbrechen" << Qt::LeftToRight;
+        QTest::newRow("unknown ones before it") << "fi-FI fi ar-Arab-EG"
+                                                << "إلغاء" << Qt::RightToLeft;
+        QTest::newRow("it has another direction") << "he-IL de"
+                                                  << "Abbrechen" << Qt::LeftToRight;
+        QTest::newRow("so has English") << "he-IL en"
+                                        << "Cancel" << Qt::LeftToRight;
+        QTest::newRow("there is none") << "he-IL fi"
+                                       << "Cancel" << Qt::RightToLeft;
+        QTest::newRow("no languages") << ""
+                                      << "Cancel" << Qt::LeftToRight;
+    }
+    void theFirstOfTheLanguagesThatCanBeShownIs()
+    {
+        QFETCH(const QString, languages);
+
+        const Translation translation{languages.split(u' ', Qt::SkipEmptyParts)};
+
+        QTEST(translated(
+                  {.context = QStringLiteral("FormActions"), .source = QStringLiteral("Cancel")}),
+              "cancel");
+        QTEST(QGuiApplication::layoutDirection(), "direction");
     }
 };
 

@@ -106,6 +106,47 @@ PanelTest {
         }
     }
 
+    function test_theKeysScrollALongMessage() {
+        const name = "long name ".repeat(100)
+        ask(name)
+        const message = fixture.text(test, "Remove \"" + name + "\" from Norvane?")
+        const top = () => message.mapToItem(test, 0, 0).y
+        const start = top(), view = message.parent.parent.height
+
+        keyClick(Qt.Key_Up)
+        compare(top(), start)
+        keyClick(Qt.Key_Down)
+        compare(top(), start - message.implicitHeight / message.lineCount)
+        keyClick(Qt.Key_Up)
+        compare(top(), start)
+        keyClick(Qt.Key_PageDown)
+        verify(top() < start - view / 2 && top() > start - view)
+        for (let page = 0; page < 20; ++page)
+            keyClick(Qt.Key_PageDown)
+        compare(top(), start + view - message.height)
+        keyClick(Qt.Key_PageUp)
+        verify(top() > start + view - message.height)
+        compare(focusName(), "Cancel")
+    }
+
+    function test_theKeysLeaveAShortMessageWhereItIs() {
+        ask()
+        const message = fixture.text(test, "Remove \"Netflix\" from Norvane?")
+        const start = message.mapToItem(test, 0, 0).y
+
+        keyClick(Qt.Key_Down)
+        keyClick(Qt.Key_PageDown)
+
+        compare(message.mapToItem(test, 0, 0).y, start)
+    }
+
+    function test_mirroredCancelStandsBeforeDelete() {
+        fixture.setRightToLeft(true)
+        ask()
+
+        verify(find("Cancel").mapToItem(test, 0, 0).x < deleteButton().mapToItem(test, 0, 0).x)
+    }
+
     function test_aNameWithPlaceholdersInItIsShownAsItIs() {
         ask("%@ %lld %1 $&")
 

@@ -69,6 +69,20 @@ PanelTest {
         verify(Theme.body.pixelSize > Theme.caption.pixelSize)
     }
 
+    function test_symbolsAreWholePixelsOfTheScreenAtEveryScale() {
+        for (let pixels = 6; pixels <= 72; ++pixels)
+            for (const scale of [1, 1.25, 1.5, 2])
+                compare(Theme.symbolSize(Qt.font({ pixelSize: pixels })) * scale % 1, 0, pixels + " at " + scale)
+
+        const panel = open([{ name: "Acme", hours: 73, cost: 0 }])
+        for (const pixels of [13, 15, 40]) {
+            fixture.setFontPixels(pixels)
+            for (const side of fixture.symbolSizes(panel))
+                compare(side % 4, 0, side + " at a font of " + pixels)
+        }
+        verify(fixture.symbolSizes(panel).length >= 4)
+    }
+
     function test_everyControlHasItsRoleAndName() {
         open([{ name: "Acme", hours: 73, cost: 0 }])
         click("Add Trial")

@@ -128,6 +128,19 @@ PanelTest {
         verify(find("Acme, 0d left"))
     }
 
+    function test_noTimerRunsWhileThePanelRests() {
+        const panel = open([{ name: "Acme", hours: 30, cost: 0 }])
+        const content = panel.content
+        const objects = [panel, content, content.store, content.trials, content.calendar]
+        const timers = () => objects.map(object => fixture.running(object).join()).join("")
+        compare(timers(), "")
+
+        click("Add Trial")
+        find("Cancel").forceActiveFocus(Qt.TabFocusReason) // Where no cursor blinks.
+
+        compare(timers(), "")
+    }
+
     function test_quitIsAskedForOnce() {
         const footer = createTemporaryObject(footerComponent, test)
         quits.target = footer
