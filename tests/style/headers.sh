@@ -2,6 +2,9 @@
 # SPDX-FileCopyrightText: 2026 the Norvane authors
 # SPDX-License-Identifier: MIT
 # Every source names its licence.
-missing=$(git ls-files '*.cpp' '*.h' '*.qml' '*.py' '*.sh' '*.cmake' '*CMakeLists.txt' '.ci/*' 'scripts/*' |
-    grep -v '^scripts/.*\.txt$' | xargs grep -L 'SPDX-License-Identifier: MIT')
+set -euo pipefail
+mapfile -d '' files < <(git ls-files -z '*.cpp' '*.h' '*.qml' '*.py' '*.sh' '*.cmake' \
+    '*CMakeLists.txt' '.ci/*' 'scripts/*' ':!scripts/*.txt')
+[ ${#files[@]} -gt 0 ] || { echo "git names no source"; exit 1; }
+missing=$(grep -L 'SPDX-License-Identifier: MIT' "${files[@]}" || true)
 [ -z "$missing" ] || { printf 'No licence line in:\n%s\n' "$missing"; exit 1; }
