@@ -27,12 +27,13 @@ Courier::Courier(Ledger &ledger, NotificationServer &server, const Clock &clock,
     connect(&timer_, &QTimer::timeout, this, &Courier::deliver);
     connect(&server, &NotificationServer::shown, this, &Courier::shown);
     connect(&server, &NotificationServer::refused, this, &Courier::refused);
-    connect(&server, &NotificationServer::appeared, this, &Courier::hurry);
+    connect(&server, &NotificationServer::appeared, this, &Courier::serverAppeared);
+    connect(&server, &NotificationServer::vanished, this, &Courier::serverVanished);
 }
 
 void Courier::deliver()
 {
-    if (underWay_ || timer_.isActive()) {
+    if (underWay_ || timer_.isActive() || isHeld_) {
         return;
     }
     std::optional<OutboxEntry> head = ledger_.outboxHead();
@@ -46,6 +47,8 @@ void Courier::deliver()
         return;
     }
     underWay_ = std::move(head->request);
+    vanished_ = false;
+    appeared_ = false;
     server_.show(underWay_->title, underWay_->body, underWay_->sound);
 }
 
@@ -72,17 +75,32 @@ void Courier::shown()
 void Courier::refused()
 {
     underWay_.reset();
+    if (appeared_) {
+        pause_ = pauses_.first; // Whoever refused, or was silent, is not the one that is there now.
+    }
     timer_.start(pause_);
     pause_ = std::min(pause_ * 2, pauses_.longest);
 }
 
-void Courier::hurry()
+void Courier::serverAppeared()
 {
-    if (underWay_) {
-        return; // It was this attempt that started the server: nothing new about it.
+    appeared_ = underWay_.has_value();
+    if (!underWay_ && !vanished_) {
+        pause_ = pauses_.first;
+        timer_.stop();
+        deliver();
     }
-    pause_ = pauses_.first;
-    timer_.stop();
+}
+
+void Courier::serverVanished()
+{
+    appeared_ = false;
+    vanished_ = underWay_.has_value();
+}
+
+void Courier::release()
+{
+    isHeld_ = false;
     deliver();
 }
 

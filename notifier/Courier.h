@@ -21,7 +21,8 @@ class NotificationServer;
 ///
 /// A reminder is struck from the outbox only after the server took it. One that is refused keeps
 /// its place; it is tried again when a server appears, and after pauses that grow from one attempt
-/// to the next. What is no longer worth showing (LateRule) lapses.
+/// to the next. A server that an attempt brought down is spared those pauses too. What is no longer
+/// worth showing (LateRule) lapses.
 ///
 /// Everything given is borrowed. One thread only.
 class Courier final : public QObject {
@@ -38,8 +39,11 @@ public:
     Courier(Ledger &ledger, NotificationServer &server, const Clock &clock, Pauses pauses,
             QObject *parent = nullptr);
 
-    /// Delivers what is there, unless it is at it already or pauses.
+    /// Delivers what is there, unless it is at it already, or pauses, or is held.
     void deliver();
+    /// Keeps what is not under way yet, for whoever comes after this process.
+    void hold() { isHeld_ = true; }
+    void release();
     [[nodiscard]] bool isEmpty() const;
 
 signals:
@@ -49,7 +53,8 @@ signals:
 private:
     void shown();
     void refused();
-    void hurry();
+    void serverAppeared();
+    void serverVanished();
 
     Ledger &ledger_;
     NotificationServer &server_;
@@ -57,6 +62,9 @@ private:
     const Pauses pauses_;
     std::chrono::milliseconds pause_;
     QTimer timer_; ///< Runs during a pause.
+    bool isHeld_ = false;
+    bool vanished_ = false; ///< In the course of the last attempt, the server went away.
+    bool appeared_ = false; ///< In the course of the last attempt, another came.
     std::optional<NotificationRequest> underWay_;
 };
 

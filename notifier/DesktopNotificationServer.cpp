@@ -4,6 +4,7 @@
 #include "notifier/DesktopNotificationServer.h"
 
 #include "notifier/BodyMarkup.h"
+#include "platform/NotificationRequest.h"
 #include "platform/bus/BusNames.h"
 
 #include <QDBusError>
@@ -73,7 +74,7 @@ void DesktopNotificationServer::notify(const Notification &notification)
         {QStringLiteral("desktop-entry"), busNames::application},
         {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)},
     };
-    if (notification.sound == QLatin1StringView{"default"}) {
+    if (notification.sound == NotificationRequest::defaultSound) {
         hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
     }
     QDBusMessage notify = message(QStringLiteral("Notify"));
@@ -128,7 +129,9 @@ void DesktopNotificationServer::ownerChanged(const QString &newOwner)
         listenIfNeeded();
         emit screenCleared();
     }
-    if (!newOwner.isEmpty()) {
+    if (newOwner.isEmpty()) {
+        emit vanished();
+    } else {
         emit appeared();
     }
 }

@@ -6,6 +6,7 @@
 #include <QDeadlineTimer>
 #include <QFile>
 
+#include <cerrno>
 #include <thread>
 
 #include <fcntl.h>
@@ -38,7 +39,8 @@ FolderLock::Answer FolderLock::take(const QString &folder, std::chrono::millisec
         return Answer::NoFolder;
     }
     const QDeadlineTimer deadline{patience};
-    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    // Any other error is a file system without locks: then there is nobody to wait for.
+    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         if (deadline.hasExpired()) {
             ::close(descriptor);
             return Answer::Held;

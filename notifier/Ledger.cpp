@@ -9,6 +9,8 @@
 #include <QSqlQuery>
 #include <QVariant>
 
+#include <utility>
+
 namespace norvane {
 
 namespace {
@@ -68,7 +70,10 @@ struct Siblings {
 
 } // namespace
 
-Ledger::Ledger(const QString &folder) : storage_{folder} {}
+Ledger::Ledger(const QString &folder, std::function<void()> leftDisk)
+    : storage_{folder, std::move(leftDisk)}
+{
+}
 
 std::vector<NotificationRequest> Ledger::pending()
 {
@@ -131,7 +136,7 @@ void Ledger::add(const NotificationRequest &request, sys_seconds due)
 
 void Ledger::removeAllPending()
 {
-    storage_.change(QStringLiteral("DELETE FROM pending"));
+    storage_.withdraw(QStringLiteral("DELETE FROM %1.pending"));
 }
 
 void Ledger::drop(qint64 number)
@@ -258,8 +263,10 @@ void Ledger::forgetBefore(sys_seconds moment)
 void Ledger::remove(const QStringList &identifiers)
 {
     for (const QString &identifier : identifiers) {
-        storage_.change(QStringLiteral("DELETE FROM pending WHERE identifier = ?"), {identifier});
-        storage_.change(QStringLiteral("DELETE FROM outbox WHERE identifier = ?"), {identifier});
+        storage_.withdraw(QStringLiteral("DELETE FROM %1.pending WHERE identifier = ?"),
+                          {identifier});
+        storage_.withdraw(QStringLiteral("DELETE FROM %1.outbox WHERE identifier = ?"),
+                          {identifier});
     }
 }
 

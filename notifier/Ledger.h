@@ -32,8 +32,10 @@ public:
         std::chrono::sys_seconds due;
     };
 
-    /// Nothing is touched before open(). The folder is the ledger's own.
-    explicit Ledger(const QString &folder);
+    /// Nothing is touched before open(). The folder is the ledger's own. `leftDisk` is called each
+    /// time that memory takes the place of the file.
+    explicit Ledger(
+        const QString &folder, std::function<void()> leftDisk = [] {});
 
     /// See LedgerStorage for these.
     [[nodiscard]] bool open() { return storage_.open(); }
@@ -42,6 +44,7 @@ public:
         return storage_.transact(work);
     }
     [[nodiscard]] bool isOnDisk() const { return storage_.isOnDisk(); }
+    [[nodiscard]] bool goBackToDisk() { return storage_.goBackToDisk(); }
     void relax() { storage_.relax(); }
 
     // Pending requests that may still come, and changes of them.

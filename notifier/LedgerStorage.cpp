@@ -28,6 +28,8 @@ const QStringList replacing{
 
 /// From memory back to the file, on top of what it holds.
 const QStringList adding{
+    QStringLiteral("DELETE FROM disk.outbox WHERE (identifier, \"trigger\") IN "
+                   "(SELECT identifier, \"trigger\" FROM main.outbox)"),
     QStringLiteral("INSERT OR REPLACE INTO disk.pending (identifier, title, body, sound, "
                    "\"trigger\", due, lapsed) SELECT identifier, title, body, sound, "
                    "\"trigger\", due, lapsed FROM main.pending ORDER BY number"),
@@ -35,6 +37,8 @@ const QStringList adding{
                    "SELECT identifier, title, body, sound, \"trigger\", due FROM main.outbox "
                    "ORDER BY number"),
     QStringLiteral("INSERT OR REPLACE INTO disk.delivered SELECT * FROM main.delivered"),
+    QStringLiteral("DELETE FROM disk.outbox WHERE (identifier, \"trigger\") IN "
+                   "(SELECT identifier, \"trigger\" FROM disk.delivered)"),
 };
 
 /// How long a start waits for a process that is about to end.
@@ -42,8 +46,9 @@ constexpr std::chrono::seconds forPredecessor{3};
 
 } // namespace
 
-LedgerStorage::LedgerStorage(const QString &folder)
+LedgerStorage::LedgerStorage(const QString &folder, std::function<void()> leftDisk)
     : disk_{folder},
+      leftDisk_{std::move(leftDisk)},
       connection_{QStringLiteral("ledger-%1").arg(reinterpret_cast<quintptr>(this))}
 {
 }
@@ -75,9 +80,6 @@ bool LedgerStorage::open()
 
 LedgerStorage::Outcome LedgerStorage::transact(const std::function<void()> &work)
 {
-    if (!onDisk_) {
-        onDisk_ = returnToDisk();
-    }
     if (!attempt(work) && onDisk_) {
         fallBackToMemory();
         std::ignore = attempt(work); // Memory that refuses is beyond help.
@@ -113,6 +115,7 @@ void LedgerStorage::startInMemory()
     holdsAll_ = false;
     statements_.clear();
     std::ignore = LedgerDisk::createTables(database_, QStringLiteral("main"));
+    leftDisk_();
 }
 
 void LedgerStorage::fallBackToMemory()
@@ -126,28 +129,33 @@ void LedgerStorage::fallBackToMemory()
     LedgerDisk::detach(database_);
 }
 
-bool LedgerStorage::returnToDisk()
+bool LedgerStorage::goBackToDisk()
 {
+    statements_.clear(); // What is prepared holds on to the tables in memory.
+    onDisk_ = disk_.attach(database_, {}) == LedgerDisk::State::Ready && copyToDisk();
     statements_.clear();
-    if (disk_.attach(database_, {}) != LedgerDisk::State::Ready) {
+    if (!onDisk_) {
         LedgerDisk::detach(database_);
         return false;
     }
-    // Where the file could not be read when it was left, what it holds is still good.
-    const QStringList &copies = holdsAll_ ? replacing : adding;
-    const bool copied =
-        execute(QStringLiteral("BEGIN")) &&
-        std::ranges::all_of(copies, [this](const QString &copy) { return execute(copy); }) &&
-        execute(QStringLiteral("COMMIT"));
-    if (!copied) {
-        execute(QStringLiteral("ROLLBACK"));
-        LedgerDisk::detach(database_);
-        return false;
-    }
+    withdrawals_.clear();
     for (const QString &table : tables) {
         execute(QStringLiteral("DROP TABLE main.%1").arg(table));
     }
     return true;
+}
+
+bool LedgerStorage::copyToDisk()
+{
+    return attempt([this] {
+        for (const Withdrawal &withdrawal : withdrawals_) {
+            change(withdrawal.statement.arg(QStringLiteral("disk")), withdrawal.values);
+        }
+        // Where the file could not be read when it was left, what it holds is still good.
+        for (const QString &copy : holdsAll_ ? replacing : adding) {
+            change(copy);
+        }
+    });
 }
 
 bool LedgerStorage::execute(const QString &statement)
@@ -175,6 +183,14 @@ QSqlQuery &LedgerStorage::run(const QString &statement, const QVariantList &valu
 void LedgerStorage::change(const QString &statement, const QVariantList &values)
 {
     run(statement, values).finish();
+}
+
+void LedgerStorage::withdraw(const QString &statement, const QVariantList &values)
+{
+    change(statement.arg(onDisk_ ? QStringLiteral("disk") : QStringLiteral("main")), values);
+    if (!onDisk_ && !holdsAll_) {
+        withdrawals_.push_back({.statement = statement, .values = values});
+    }
 }
 
 } // namespace norvane

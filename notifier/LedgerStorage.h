@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <map>
+#include <vector>
 
 namespace norvane {
 
@@ -27,8 +28,9 @@ public:
         InMemory ///< The changes count, but only while this process lives.
     };
 
-    /// Nothing is touched before open(). The folder is the ledger's own.
-    explicit LedgerStorage(const QString &folder);
+    /// Nothing is touched before open(). The folder is the ledger's own. `leftDisk` is called each
+    /// time that memory takes the place of the file.
+    LedgerStorage(const QString &folder, std::function<void()> leftDisk);
     LedgerStorage(const LedgerStorage &) = delete;
     LedgerStorage &operator=(const LedgerStorage &) = delete;
     ~LedgerStorage();
@@ -38,28 +40,39 @@ public:
     [[nodiscard]] bool open();
     /// Applies the changes that `work` makes, all of them or none. It may be called a second time,
     /// when the first attempt came to nothing on disk.
-    ///
-    /// Away from the disk, this goes back to it as soon as it can be written again.
     Outcome transact(const std::function<void()> &work);
     [[nodiscard]] bool isOnDisk() const { return onDisk_; }
+    /// From memory back to the file, if it can be written again. What was in the file all the while
+    /// and could not be read joins what was in memory. Not inside transact().
+    [[nodiscard]] bool goBackToDisk();
     /// Lets go of memory that is only there to be faster the next time.
     void relax();
 
     /// The statement, prepared once, with these values bound and executed. finish() it after use.
     QSqlQuery &run(const QString &statement, const QVariantList &values = {});
     void change(const QString &statement, const QVariantList &values = {});
+    /// A change that takes something away, from the file as well as soon as it is reached. %1 in
+    /// the statement stands for where the table is.
+    void withdraw(const QString &statement, const QVariantList &values = {});
 
 private:
+    struct Withdrawal {
+        QString statement;
+        QVariantList values;
+    };
+
     [[nodiscard]] bool attempt(const std::function<void()> &work);
     void fallBackToMemory();
     void startInMemory();
-    [[nodiscard]] bool returnToDisk();
+    [[nodiscard]] bool copyToDisk();
     bool execute(const QString &statement);
 
     LedgerDisk disk_;
+    const std::function<void()> leftDisk_;
     const QString connection_;
     QSqlDatabase database_; ///< An empty one in memory, with the file attached to it.
     std::map<QString, QSqlQuery> statements_;
+    std::vector<Withdrawal> withdrawals_; ///< Those that the file has not seen.
     bool onDisk_ = false;
     bool holdsAll_ = false; ///< Away from the disk: all that the file held is in memory.
     bool failed_ = false;   ///< A statement of the running transaction came to nothing.

@@ -28,6 +28,8 @@ signals:
     void refused();
     /// A server is there, possibly a new one.
     void appeared();
+    /// No server is there any more.
+    void vanished();
     /// isShowing() has become false.
     void screenCleared();
 };

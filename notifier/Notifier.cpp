@@ -22,7 +22,7 @@ constexpr std::chrono::seconds tryingDiskAfter{30};
 
 Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings)
     : bus_{bus},
-      ledger_{settings.folder},
+      ledger_{settings.folder, [this] { backToDisk_.start(); }},
       server_{bus, settings.patience},
       scheduler_{ledger_, timer_, zone_, clock},
       courier_{ledger_, server_, clock, settings.pauses},
@@ -37,7 +37,12 @@ Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Setting
     rest_.setInterval(restAfter);
     connect(&rest_, &QTimer::timeout, this, &Notifier::settle);
     backToDisk_.setInterval(tryingDiskAfter);
-    connect(&backToDisk_, &QTimer::timeout, this, &Notifier::goBackToDisk);
+    connect(&backToDisk_, &QTimer::timeout, this, [this] {
+        scheduler_.goBackToDisk();
+        if (ledger_.isOnDisk()) {
+            backToDisk_.stop();
+        }
+    });
     connect(&idleWatch_, &IdleWatch::idle, this, &Notifier::leave);
 }
 
@@ -87,19 +92,16 @@ void Notifier::stir()
 
 void Notifier::settle()
 {
-    if (!ledger_.isOnDisk()) {
-        backToDisk_.start();
-    }
     ledger_.relax();
     giveBackSpareMemory();
 }
 
-void Notifier::goBackToDisk()
+/// All that came in goes to the file, as far as that can be, and nothing to the screen any more.
+void Notifier::save()
 {
-    ledger_.transact([] {});
-    if (ledger_.isOnDisk()) {
-        backToDisk_.stop();
-    }
+    courier_.hold();
+    facade_.write();
+    scheduler_.goBackToDisk();
 }
 
 void Notifier::leave()
@@ -109,11 +111,12 @@ void Notifier::leave()
     QMetaObject::invokeMethod(
         this,
         [this] {
-            facade_.write();
+            save();
             if (isBusy() && !passOn() && claimName()) {
+                courier_.release();
                 stir();
             } else {
-                end();
+                emit finished();
             }
         },
         Qt::QueuedConnection);
@@ -131,10 +134,7 @@ bool Notifier::passOn()
 
 void Notifier::end()
 {
-    facade_.write();
-    if (!ledger_.isOnDisk()) {
-        goBackToDisk();
-    }
+    save();
     emit finished();
 }
 

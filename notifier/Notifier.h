@@ -38,7 +38,7 @@ public:
 
     /// Takes the name on the bus, and only then touches disk and clock; missed reminders are worked
     /// through before the first call is. False, after a line on standard error, when the name
-    /// cannot be had: then nothing was touched.
+    /// cannot be had (then nothing was touched) or there is no SQLite to work with.
     [[nodiscard]] bool start();
     /// Writes what came in so far, and is finished.
     void end();
@@ -54,7 +54,7 @@ private:
     [[nodiscard]] bool claimName();
     void stir();
     void settle();
-    void goBackToDisk();
+    void save();
     [[nodiscard]] bool isBusy();
     [[nodiscard]] bool passOn();
 

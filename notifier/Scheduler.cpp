@@ -44,8 +44,16 @@ void Scheduler::start()
     reconsider();
 }
 
+void Scheduler::goBackToDisk()
+{
+    if (!ledger_.isOnDisk() && ledger_.goBackToDisk()) {
+        reconsider();
+    }
+}
+
 LedgerStorage::Outcome Scheduler::apply(const std::vector<Change> &changes)
 {
+    goBackToDisk();
     const LedgerStorage::Outcome outcome = ledger_.transact([&] {
         moveDue();
         for (const Change &change : changes) {

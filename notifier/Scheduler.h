@@ -35,6 +35,8 @@ public:
 
     /// Works through what was missed and begins to wait. The ledger must be open.
     void start();
+    /// With a ledger in memory only: back to the file, if that can be, and to what it holds.
+    void goBackToDisk();
 
     /// Applies the changes in this order, as one.
     LedgerStorage::Outcome apply(const std::vector<Change> &changes);

@@ -9,7 +9,7 @@
 
 namespace norvane {
 
-/// The machine's zone, and notice of every change of it.
+/// The machine's zone, and notice of its changes.
 ///
 /// Watches /etc/localtime, or the link whose path the environment names in its place (TZ). A zone
 /// that the environment names itself never changes.

@@ -17,7 +17,7 @@ struct NotificationRequest {
     QString identifier;
     QString title;
     QString body;  ///< Plain text, whatever it holds.
-    QString sound; ///< Always defaultSound: the centre knows no other.
+    QString sound; ///< Anything but defaultSound is silent.
     WallClockMinute trigger;
 
     friend bool operator==(const NotificationRequest &, const NotificationRequest &) = default;

@@ -5,6 +5,7 @@
 
 import signal
 import subprocess
+from contextlib import contextmanager
 
 import pytest
 from gi.repository import GLib
@@ -21,6 +22,14 @@ def ends(notifier, seconds=10):
 
 def request(identifier):
     return GLib.Variant("(sssss)", (identifier, "Title", "Body", "default", FAR))
+
+
+@contextmanager
+def other_notifier(notifier, tmp_path):
+    """One with the same folder, on another bus of the same user."""
+    with PrivateBus(tmp_path / "other-bus") as bus:
+        with Notifier(bus, notifier.folder.parent) as other:
+            yield other.start()
 
 
 def stays(notifier):
@@ -169,17 +178,26 @@ def test_what_was_asked_for_just_before_a_signal_to_end_is_kept(notifier):
 def test_of_two_on_different_buses_only_the_first_uses_the_file(notifier, tmp_path):
     notifier.start()
     notifier.add("a-1h", FAR)
-    with PrivateBus(tmp_path / "other-bus") as other_bus:
-        with Notifier(other_bus, notifier.folder.parent) as other:
-            other.start()
+    with other_notifier(notifier, tmp_path) as other:
+        with pytest.raises(GLib.Error) as caught:
+            other.add("b-1h", FAR)
 
-            with pytest.raises(GLib.Error) as caught:
-                other.add("b-1h", FAR)
-            assert error_name(caught.value) == STORAGE_ERROR
-            assert other.identifiers() == ["b-1h"]
-            notifier.add("c-1h", FAR)
-            assert notifier.identifiers() == ["a-1h", "c-1h"]
+        assert error_name(caught.value) == STORAGE_ERROR
+        assert other.identifiers() == ["b-1h"]
+        assert notifier.identifiers() == ["a-1h"]
 
-            notifier.kill()
-            other.add("d-1h", FAR)  # Durable by now.
-            assert sorted(other.identifiers()) == ["a-1h", "b-1h", "c-1h", "d-1h"]
+
+def test_the_second_takes_over_from_the_first(notifier, tmp_path):
+    notifier.start()
+    notifier.add("due-24h", this_minute(), title="due")  # No server: it waits in the file.
+    notifier.add("a-1h", FAR)
+    notifier.add("removed-1h", FAR)
+    with other_notifier(notifier, tmp_path) as other, NotificationServer(other.bus) as server:
+        for call in (lambda: other.add("b-1h", FAR), lambda: other.remove("removed-1h")):
+            with pytest.raises(GLib.Error):
+                call()
+
+        notifier.kill()
+
+        assert server.wait_for(1, 40)[0].title == "due"
+        assert sorted(other.identifiers()) == ["a-1h", "b-1h"]

@@ -108,11 +108,55 @@ private slots:
 
         for (qsizetype attempts = 1; attempts <= 4; ++attempts) {
             emit server_->appeared(); // Started by the attempt,
-            emit server_->refused();  // and crashed by it.
+            emit server_->vanished(); // and brought down by it.
+            emit server_->refused();
             QVERIFY(wasGiven(attempts + 1));
         }
 
         QVERIFY(time.elapsed() >= 200); // As without a server.
+    }
+
+    void aServerThatAnAttemptBroughtDownIsNotHurriedWhenItComesBack()
+    {
+        courier_->deliver();
+        emit server_->vanished();
+        emit server_->refused();
+
+        emit server_->appeared();
+
+        QCOMPARE(server_->given.size(), 1);
+        QVERIFY(wasGiven(2)); // After the pause.
+    }
+
+    void aServerThatTookOverDuringAnAttemptIsTriedSoon()
+    {
+        courier_ = std::make_unique<Courier>(*ledger_, *server_, clock_,
+                                             Courier::Pauses{.first = 1ms, .longest = 1h});
+        courier_->deliver();
+        constexpr qsizetype attempts = 12; // The pause after them would be over two seconds.
+        for (qsizetype attempt = 1; attempt < attempts; ++attempt) {
+            emit server_->refused();
+            QVERIFY(wasGiven(attempt + 1));
+        }
+        QElapsedTimer time;
+        time.start();
+
+        emit server_->appeared();
+        emit server_->refused();
+
+        QVERIFY(wasGiven(attempts + 1));
+        QVERIFY(time.elapsed() < 2000);
+    }
+
+    void nothingNewGoesOutWhileItIsHeld()
+    {
+        courier_->hold();
+        courier_->deliver();
+        QCOMPARE(server_->given, QStringList{});
+
+        courier_->release();
+
+        QCOMPARE(server_->given, QStringList{QStringLiteral("a-1h")});
     }
 
     void whatIsNoLongerWorthShowingIsLetGo()

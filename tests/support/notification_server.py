@@ -124,5 +124,5 @@ class NotificationServer:
             self.close_notification(self.shown[-1].id)
         shown = Shown(now, sender, len(self.shown) + 1, application, icon, title, body, actions,
                       hints, timeout)
-        self.shown.append(shown)
         invocation.return_value(GLib.Variant("(u)", (shown.id,)))
+        self.shown.append(shown)  # Afterwards, so that whoever waits for it can close it.
