@@ -15,7 +15,11 @@ Item {
     // The last row went, and the keyboard was here.
     signal emptied()
 
+    implicitHeight: empty.visible ? empty.implicitHeight : 0
+
     EmptyState {
+        id: empty
+
         anchors.fill: root
         visible: !list.visible
     }

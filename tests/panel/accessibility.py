@@ -45,6 +45,7 @@ class User:
 
     def enter(self, field, text):
         """Fills an empty field: Qt 6.4 lets a screen reader give it the keyboard, but not a text."""
+        self.see("text", field)
         assert self.read(field) == "", f"{field!r} is not empty"
         self.desktop.run("/usr/bin/python3", FIELD, "focus", "Norvane", field)
         self.focused("text", field)

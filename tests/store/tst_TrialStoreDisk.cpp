@@ -109,30 +109,20 @@ private slots:
         QCOMPARE(outcome.status, 0);
     }
 
-    void aFileThatCanBeNeitherReadNorWrittenIsAnEmptyListAndStaysAsItIs()
+    void aFileThatCannotBeReadIsAnEmptyListAndWrittenAsOne_data()
     {
-        FakeSurroundings fake;
-        fake.folders.write(TrialsText{}.text());
-        QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{});
+        QTest::addColumn<int>("permissions");
+        QTest::addColumn<QByteArray>("bytes");
 
-        const auto outcome = ForkedChild::run(
-            [&fake] {
-                const TrialStore store{fake.all()};
-                return store.trials().isEmpty() ? 0 : 1;
-            },
-            ForkedChild::ordinaryUser);
-
-        QCOMPARE(outcome.output, QByteArray{});
-        QCOMPARE(outcome.status, 0);
-        QFile::setPermissions(fake.folders.trialsFile(), QFile::ReadOwner);
-        QCOMPARE(fake.folders.bytes(), TrialsText{}.text());
+        QTest::newRow("only written") << 0x2222 << QByteArray{"[]"};
+        QTest::newRow("not written either") << 0 << TrialsText{}.text();
     }
-
-    void aFileThatCanBeWrittenButNotReadIsReplacedByAnEmptyList()
+    void aFileThatCannotBeReadIsAnEmptyListAndWrittenAsOne()
     {
+        QFETCH(const int, permissions);
         FakeSurroundings fake;
         fake.folders.write(TrialsText{}.text());
-        QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{0x2222});
+        QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{permissions});
 
         const auto outcome = ForkedChild::run(
             [&fake] {
@@ -144,7 +134,7 @@ private slots:
         QCOMPARE(outcome.output, QByteArray{});
         QCOMPARE(outcome.status, 0);
         QFile::setPermissions(fake.folders.trialsFile(), QFile::ReadOwner);
-        QCOMPARE(fake.folders.bytes(), QByteArray{"[]"});
+        QTEST(fake.folders.bytes(), "bytes");
     }
 
     void aFileThatCannotBeWrittenLeavesTheListInMemoryAhead()
