@@ -188,7 +188,7 @@ std::optional<OutboxEntry> Ledger::outboxHead()
     QSqlQuery &row = storage_.run(QStringLiteral("SELECT identifier, title, body, sound, "
                                                  "\"trigger\", due FROM outbox ORDER BY number "
                                                  "LIMIT 1"));
-    const std::optional<OutboxEntry> head = row.next() ? std::optional{entryAt(row)} : std::nullopt;
+    std::optional<OutboxEntry> head = row.next() ? std::optional{entryAt(row)} : std::nullopt;
     row.finish();
     return head;
 }
