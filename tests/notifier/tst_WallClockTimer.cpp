@@ -6,6 +6,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <ctime>
+
 using namespace norvane;
 using namespace std::chrono;
 
@@ -14,6 +16,13 @@ namespace {
 sys_seconds thisSecond()
 {
     return floor<seconds>(system_clock::now());
+}
+
+/// For everybody who waits for that, the same as a jump.
+bool setClockToWhatItSays()
+{
+    struct timespec now = {};
+    return ::clock_gettime(CLOCK_REALTIME, &now) == 0 && ::clock_settime(CLOCK_REALTIME, &now) == 0;
 }
 
 } // namespace
@@ -75,6 +84,21 @@ private slots:
         timer.set(sys_seconds::max());
 
         QVERIFY(!fired.wait(200));
+    }
+
+    void aClockThatIsSetIsNoticedEachTime()
+    {
+        WallClockTimer timer;
+        const QSignalSpy clockSet{&timer, &Alarm::clockSet};
+        timer.set(thisSecond() + 24h);
+        if (!setClockToWhatItSays()) {
+            QSKIP("The machine's clock is not ours to set.");
+        }
+        QTRY_COMPARE(clockSet.count(), 1);
+
+        QVERIFY(setClockToWhatItSays());
+
+        QTRY_COMPARE(clockSet.count(), 2);
     }
 };
 
