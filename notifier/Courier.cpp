@@ -14,6 +14,14 @@
 
 namespace norvane {
 
+namespace {
+
+/// A server that goes away during an attempt may have been restarted by the user; one that does so
+/// again does not survive what it is given.
+constexpr int crashesTolerated = 2;
+
+} // namespace
+
 Courier::Courier(Ledger &ledger, NotificationServer &server, const Clock &clock, Pauses pauses,
                  QObject *parent)
     : QObject{parent},
@@ -48,7 +56,7 @@ void Courier::deliver()
     }
     underWay_ = std::move(head->request);
     vanished_ = false;
-    appeared_ = false;
+    replaced_ = false;
     server_.show(underWay_->title, underWay_->body, underWay_->sound);
 }
 
@@ -69,14 +77,16 @@ void Courier::shown()
         ledger_.rememberDelivered(request, wholeSecond(clock_.now()));
     });
     pause_ = pauses_.first;
+    crashes_ = 0;
     deliver();
 }
 
 void Courier::refused()
 {
     underWay_.reset();
-    if (appeared_) {
-        pause_ = pauses_.first; // Whoever refused, or was silent, is not the one that is there now.
+    crashes_ = vanished_ && !replaced_ ? crashes_ + 1 : 0;
+    if (replaced_) {
+        pause_ = pauses_.first; // Whoever was silent is not the one that is there now.
     }
     timer_.start(pause_);
     pause_ = std::min(pause_ * 2, pauses_.longest);
@@ -84,8 +94,9 @@ void Courier::refused()
 
 void Courier::serverAppeared()
 {
-    appeared_ = underWay_.has_value();
-    if (!underWay_ && !vanished_) {
+    if (underWay_) {
+        replaced_ = vanished_; // Otherwise the attempt itself started it.
+    } else if (crashes_ < crashesTolerated) {
         pause_ = pauses_.first;
         timer_.stop();
         deliver();
@@ -94,8 +105,8 @@ void Courier::serverAppeared()
 
 void Courier::serverVanished()
 {
-    appeared_ = false;
     vanished_ = underWay_.has_value();
+    replaced_ = false;
 }
 
 void Courier::release()

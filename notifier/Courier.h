@@ -21,7 +21,8 @@ class NotificationServer;
 ///
 /// A reminder is struck from the outbox only after the server took it. One that is refused keeps
 /// its place; it is tried again when a server appears, and after pauses that grow from one attempt
-/// to the next. A server that an attempt brought down is spared those pauses too. What is no longer
+/// to the next. One that did not survive two attempts in
+/// a row has to wait for those pauses too. What is no longer
 /// worth showing (LateRule) lapses.
 ///
 /// Everything given is borrowed. One thread only.
@@ -64,7 +65,8 @@ private:
     QTimer timer_; ///< Runs during a pause.
     bool isHeld_ = false;
     bool vanished_ = false; ///< In the course of the last attempt, the server went away.
-    bool appeared_ = false; ///< In the course of the last attempt, another came.
+    bool replaced_ = false; ///< And after that, in its course too, another came.
+    int crashes_ = 0;       ///< Attempts in a row that the server did not survive.
     std::optional<NotificationRequest> underWay_;
 };
 

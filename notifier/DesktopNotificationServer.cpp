@@ -38,8 +38,8 @@ DesktopNotificationServer::DesktopNotificationServer(const QDBusConnection &bus,
       watcher_{service, bus, QDBusServiceWatcher::WatchForOwnerChange}
 {
     connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) {
-                ownerChanged(newOwner);
+            [this](const QString &, const QString &oldOwner, const QString &newOwner) {
+                ownerChanged(oldOwner, newOwner);
             });
 }
 
@@ -121,7 +121,7 @@ void DesktopNotificationServer::closed(uint id)
     }
 }
 
-void DesktopNotificationServer::ownerChanged(const QString &newOwner)
+void DesktopNotificationServer::ownerChanged(const QString &oldOwner, const QString &newOwner)
 {
     readsMarkup_.reset();
     if (!onScreen_.isEmpty()) {
@@ -129,9 +129,10 @@ void DesktopNotificationServer::ownerChanged(const QString &newOwner)
         listenIfNeeded();
         emit screenCleared();
     }
-    if (newOwner.isEmpty()) {
+    if (!oldOwner.isEmpty()) {
         emit vanished();
-    } else {
+    }
+    if (!newOwner.isEmpty()) {
         emit appeared();
     }
 }

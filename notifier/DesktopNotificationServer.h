@@ -41,7 +41,7 @@ private:
     void askCapabilities(const Notification &notification);
     void notify(const Notification &notification);
     void listenIfNeeded();
-    void ownerChanged(const QString &newOwner);
+    void ownerChanged(const QString &oldOwner, const QString &newOwner);
     void call(const QDBusMessage &message,
               const std::function<void(const QDBusMessage &)> &answered);
 

@@ -136,7 +136,7 @@ void Ledger::add(const NotificationRequest &request, sys_seconds due)
 
 void Ledger::removeAllPending()
 {
-    storage_.withdraw(QStringLiteral("DELETE FROM %1.pending"));
+    storage_.change(QStringLiteral("DELETE FROM pending"));
 }
 
 void Ledger::drop(qint64 number)
@@ -263,10 +263,8 @@ void Ledger::forgetBefore(sys_seconds moment)
 void Ledger::remove(const QStringList &identifiers)
 {
     for (const QString &identifier : identifiers) {
-        storage_.withdraw(QStringLiteral("DELETE FROM %1.pending WHERE identifier = ?"),
-                          {identifier});
-        storage_.withdraw(QStringLiteral("DELETE FROM %1.outbox WHERE identifier = ?"),
-                          {identifier});
+        storage_.change(QStringLiteral("DELETE FROM pending WHERE identifier = ?"), {identifier});
+        storage_.change(QStringLiteral("DELETE FROM outbox WHERE identifier = ?"), {identifier});
     }
 }
 

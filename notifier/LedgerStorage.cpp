@@ -138,7 +138,6 @@ bool LedgerStorage::goBackToDisk()
         LedgerDisk::detach(database_);
         return false;
     }
-    withdrawals_.clear();
     for (const QString &table : tables) {
         execute(QStringLiteral("DROP TABLE main.%1").arg(table));
     }
@@ -148,9 +147,6 @@ bool LedgerStorage::goBackToDisk()
 bool LedgerStorage::copyToDisk()
 {
     return attempt([this] {
-        for (const Withdrawal &withdrawal : withdrawals_) {
-            change(withdrawal.statement.arg(QStringLiteral("disk")), withdrawal.values);
-        }
         // Where the file could not be read when it was left, what it holds is still good.
         for (const QString &copy : holdsAll_ ? replacing : adding) {
             change(copy);
@@ -183,14 +179,6 @@ QSqlQuery &LedgerStorage::run(const QString &statement, const QVariantList &valu
 void LedgerStorage::change(const QString &statement, const QVariantList &values)
 {
     run(statement, values).finish();
-}
-
-void LedgerStorage::withdraw(const QString &statement, const QVariantList &values)
-{
-    change(statement.arg(onDisk_ ? QStringLiteral("disk") : QStringLiteral("main")), values);
-    if (!onDisk_ && !holdsAll_) {
-        withdrawals_.push_back({.statement = statement, .values = values});
-    }
 }
 
 } // namespace norvane

@@ -12,7 +12,6 @@
 
 #include <functional>
 #include <map>
-#include <vector>
 
 namespace norvane {
 
@@ -43,7 +42,8 @@ public:
     Outcome transact(const std::function<void()> &work);
     [[nodiscard]] bool isOnDisk() const { return onDisk_; }
     /// From memory back to the file, if it can be written again. What was in the file all the while
-    /// and could not be read joins what was in memory. Not inside transact().
+    /// and could not be read joins what was in memory, also where memory saw it removed: better one
+    /// too many than one that was promised and lost. Not inside transact().
     [[nodiscard]] bool goBackToDisk();
     /// Lets go of memory that is only there to be faster the next time.
     void relax();
@@ -51,16 +51,8 @@ public:
     /// The statement, prepared once, with these values bound and executed. finish() it after use.
     QSqlQuery &run(const QString &statement, const QVariantList &values = {});
     void change(const QString &statement, const QVariantList &values = {});
-    /// A change that takes something away, from the file as well as soon as it is reached. %1 in
-    /// the statement stands for where the table is.
-    void withdraw(const QString &statement, const QVariantList &values = {});
 
 private:
-    struct Withdrawal {
-        QString statement;
-        QVariantList values;
-    };
-
     [[nodiscard]] bool attempt(const std::function<void()> &work);
     void fallBackToMemory();
     void startInMemory();
@@ -72,7 +64,6 @@ private:
     const QString connection_;
     QSqlDatabase database_; ///< An empty one in memory, with the file attached to it.
     std::map<QString, QSqlQuery> statements_;
-    std::vector<Withdrawal> withdrawals_; ///< Those that the file has not seen.
     bool onDisk_ = false;
     bool holdsAll_ = false; ///< Away from the disk: all that the file held is in memory.
     bool failed_ = false;   ///< A statement of the running transaction came to nothing.

@@ -26,9 +26,9 @@ signals:
     void shown();
     /// It did not take the notification, or nobody knows whether it did: try again later.
     void refused();
-    /// A server is there, possibly a new one.
+    /// A server is there that was not there before.
     void appeared();
-    /// No server is there any more.
+    /// The server is there no more, or no longer the one that is asked.
     void vanished();
     /// isShowing() has become false.
     void screenCleared();

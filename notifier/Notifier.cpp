@@ -96,12 +96,16 @@ void Notifier::settle()
     giveBackSpareMemory();
 }
 
-/// All that came in goes to the file, as far as that can be, and nothing to the screen any more.
+/// All that came in goes to the file, as far as that can be. What is due waits there for the next
+/// process, which would show it a second time.
 void Notifier::save()
 {
     courier_.hold();
     facade_.write();
     scheduler_.goBackToDisk();
+    if (!ledger_.isOnDisk()) {
+        courier_.release();
+    }
 }
 
 void Notifier::leave()
