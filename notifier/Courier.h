@@ -21,9 +21,8 @@ class NotificationServer;
 ///
 /// A reminder is struck from the outbox only after the server took it. One that is refused keeps
 /// its place; it is tried again when a server appears, and after pauses that grow from one attempt
-/// to the next. One that did not survive two attempts in
-/// a row has to wait for those pauses too. What is no longer
-/// worth showing (LateRule) lapses.
+/// to the next. A server that did not survive two attempts in a row has to wait for those pauses,
+/// too. What is no longer worth showing (LateRule) lapses.
 ///
 /// Everything given is borrowed. One thread only.
 class Courier final : public QObject {
