@@ -76,6 +76,14 @@ struct Shell {
         QTest::mouseClick(popover(), Qt::LeftButton, {}, item->mapToScene(middle).toPoint());
     }
 
+    /// Enters a trial into the form, by click and keys.
+    static void track(const char *name)
+    {
+        click(find(QStringLiteral("Add Trial")));
+        type(name);
+        QTest::keyClick(popover(), Qt::Key_Return, Qt::ControlModifier);
+    }
+
 private:
     /// The first visible item at or below this one that is wanted; null if there is none.
     template <typename Predicate>

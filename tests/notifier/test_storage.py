@@ -51,6 +51,14 @@ def may_write(notifier, may):
                      (limit, resource.RLIM_INFINITY))
 
 
+def hold_one_in_memory(notifier):
+    """a-1h is on the disk, and b-1h is not since the disk is full."""
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    may_write(notifier, False)
+    assert not_durable(notifier, "b-1h")
+
+
 def test_folder_and_file_are_the_users_alone(notifier):
     before = os.umask(0)
     try:
@@ -143,10 +151,7 @@ def test_a_full_disk_is_told_and_reminders_still_come_once(notifier, server):
 
 
 def test_when_the_disk_has_room_again_nothing_is_lost(notifier):
-    notifier.start()
-    notifier.add("a-1h", FAR)
-    may_write(notifier, False)
-    assert not_durable(notifier, "b-1h")
+    hold_one_in_memory(notifier)
 
     may_write(notifier, True)
     notifier.add("c-1h", FAR)
@@ -156,10 +161,7 @@ def test_when_the_disk_has_room_again_nothing_is_lost(notifier):
 
 
 def test_when_the_disk_has_room_again_nobody_needs_to_call(notifier):
-    notifier.start()
-    notifier.add("a-1h", FAR)
-    may_write(notifier, False)
-    assert not_durable(notifier, "b-1h")
+    hold_one_in_memory(notifier)
 
     may_write(notifier, True)
 
