@@ -12,6 +12,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <utility>
+
 namespace norvane {
 
 namespace {
@@ -86,11 +88,16 @@ void DesktopNotificationServer::notify(const Notification &notification)
     listenIfNeeded();
     call(notify, [this](const QDBusMessage &answer) {
         isAsking_ = false;
-        if (answer.type() == QDBusMessage::ReplyMessage) {
-            onScreen_.insert(answer.arguments().value(0).toUInt());
+        const QSet<uint> closed = std::exchange(closedMeanwhile_, {});
+        const bool isTaken = answer.type() == QDBusMessage::ReplyMessage;
+        const uint id = answer.arguments().value(0).toUInt();
+        if (isTaken && !closed.contains(id)) {
+            onScreen_.insert(id);
+        }
+        listenIfNeeded();
+        if (isTaken) {
             emit shown();
         } else {
-            listenIfNeeded();
             emit refused();
         }
     });
@@ -115,6 +122,9 @@ void DesktopNotificationServer::listenIfNeeded()
 
 void DesktopNotificationServer::closed(uint id)
 {
+    if (isAsking_) {
+        closedMeanwhile_.insert(id); // Possibly what the answer, not looked at yet, will be about.
+    }
     if (onScreen_.remove(id) && onScreen_.isEmpty()) {
         listenIfNeeded();
         emit screenCleared();

@@ -51,6 +51,7 @@ private:
     std::optional<bool> readsMarkup_; ///< Unknown until the server that is there was asked.
     QSet<uint> onScreen_;             ///< What the server called the notifications it may show.
     bool isAsking_ = false;           ///< A notification is on its way to the server.
+    QSet<uint> closedMeanwhile_;      ///< What was closed, by whomever, while one is on its way.
     bool isListening_ = false;
 };
 

@@ -116,7 +116,8 @@ void Notifier::leave()
         this,
         [this] {
             save();
-            if (isBusy() && !passOn() && claimName()) {
+            // What is in memory only, no successor would find.
+            if (isBusy() && !(ledger_.isOnDisk() && passOn()) && claimName()) {
                 courier_.release();
                 stir();
             } else {

@@ -99,6 +99,7 @@ class NotificationServer:
             GLib.Variant("(su)", (NAME, 4)), None, Gio.DBusCallFlags.NONE, -1, None)
         ready.set()
         self._loop.run()
+        self._connection.flush_sync(None)  # A last answer may be on its way.
         self._connection.close_sync(None)
         context.pop_thread_default()
 
