@@ -8,15 +8,15 @@
 #include "app/StartRequest.h"
 #include "panel/DesktopPalette.h"
 #include "panel/Translation.h"
-#include "platform/desktop/DBusNotificationCenter.h"
-#include "platform/desktop/PortalAppearance.h"
-#include "platform/desktop/StopSignals.h"
-#include "platform/desktop/SystemCalendarSource.h"
-#include "platform/desktop/SystemClock.h"
-#include "platform/desktop/ThreadPoolTasks.h"
-#include "platform/desktop/XdgFolders.h"
+#include "platform/client/DBusNotificationCenter.h"
+#include "platform/session/PortalAppearance.h"
+#include "platform/session/StopSignals.h"
+#include "platform/session/SystemClock.h"
+#include "platform/session/ThreadPoolTasks.h"
+#include "platform/session/XdgFolders.h"
 #include "platform/tray/DesktopStatusBar.h"
 #include "platform/windows/WindowSystem.h"
+#include "time/SystemCalendarSource.h"
 
 #include <QGuiApplication>
 

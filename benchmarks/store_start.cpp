@@ -7,12 +7,12 @@
 #include "model/record/TrialsFile.h"
 #include "model/store/TrialStore.h"
 #include "platform/BackgroundTasks.h"
-#include "platform/CalendarSource.h"
 #include "platform/Clock.h"
 #include "platform/Folders.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Surroundings.h"
-#include "platform/desktop/SystemCalendarSource.h"
+#include "time/CalendarSource.h"
+#include "time/SystemCalendarSource.h"
 
 #include <QDir>
 #include <QFile>

@@ -6,8 +6,8 @@
 #include "notifier/LateRule.h"
 #include "notifier/Ledger.h"
 #include "notifier/NotificationServer.h"
-#include "notifier/UnixTime.h"
 #include "platform/Clock.h"
+#include "time/UnixTime.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,7 +4,7 @@
 #include "notifier/Ledger.h"
 
 #include "notifier/LateRule.h"
-#include "notifier/LocalMinute.h"
+#include "time/LocalMinute.h"
 
 #include <QSqlQuery>
 #include <QVariant>

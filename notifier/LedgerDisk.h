@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "notifier/FolderLock.h"
+#include "platform/session/FolderLock.h"
 
 #include <QString>
 

@@ -5,10 +5,10 @@
 
 #include "notifier/Alarm.h"
 #include "notifier/LateRule.h"
-#include "notifier/LocalMinute.h"
 #include "notifier/LocalZone.h"
-#include "notifier/UnixTime.h"
 #include "platform/Clock.h"
+#include "time/LocalMinute.h"
+#include "time/UnixTime.h"
 
 #include <QHash>
 

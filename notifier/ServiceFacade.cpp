@@ -4,9 +4,9 @@
 #include "notifier/ServiceFacade.h"
 
 #include "NotificationCenterAdaptor.h"
-#include "notifier/LocalMinute.h"
 #include "notifier/Scheduler.h"
 #include "platform/bus/BusNames.h"
+#include "time/LocalMinute.h"
 
 #include <QDBusError>
 

@@ -3,7 +3,7 @@
 
 #include "notifier/SystemZone.h"
 
-#include "platform/desktop/MachineZone.h"
+#include "time/MachineZone.h"
 
 #include <QDBusConnection>
 #include <QFile>

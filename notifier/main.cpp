@@ -4,9 +4,9 @@
 #include "notifier/Notifier.h"
 #include "notifier/SpareMemory.h"
 #include "platform/bus/BusNames.h"
-#include "platform/desktop/StopSignals.h"
-#include "platform/desktop/SystemClock.h"
-#include "platform/desktop/XdgFolders.h"
+#include "platform/session/StopSignals.h"
+#include "platform/session/SystemClock.h"
+#include "platform/session/XdgFolders.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/WallClockMinute.h"
+#include "time/WallClockMinute.h"
 
 #include <QList>
 #include <QLocale>

@@ -5,7 +5,7 @@
 
 #include "model/record/Trial.h"
 #include "model/store/TrialStore.h"
-#include "platform/PointInTime.h"
+#include "time/PointInTime.h"
 
 #include <QtQml/qqml.h>
 

@@ -5,8 +5,8 @@
 
 #include "model/store/TrialStore.h"
 #include "panel/TrialPresentation.h"
-#include "platform/CalendarSource.h"
 #include "platform/Clock.h"
+#include "time/CalendarSource.h"
 
 #include <QSet>
 

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "model/record/Trial.h"
-#include "platform/Calendar.h"
-#include "platform/PointInTime.h"
 #include "platform/Surroundings.h"
+#include "time/Calendar.h"
+#include "time/PointInTime.h"
 
 #include <QAbstractListModel>
 #include <QtQmlIntegration/qqmlintegration.h>

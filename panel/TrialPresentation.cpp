@@ -4,7 +4,7 @@
 #include "panel/TrialPresentation.h"
 
 #include "model/record/Cost.h"
-#include "platform/Calendar.h"
+#include "time/Calendar.h"
 
 namespace norvane {
 

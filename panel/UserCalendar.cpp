@@ -3,8 +3,8 @@
 
 #include "panel/UserCalendar.h"
 
-#include "platform/CalendarSource.h"
 #include "platform/Clock.h"
+#include "time/CalendarSource.h"
 
 #include <QDate>
 #include <QRegularExpression>

@@ -5,7 +5,7 @@
 
 #include "panel/DateTimeFormat.h"
 #include "panel/TextRange.h"
-#include "platform/PointInTime.h"
+#include "time/PointInTime.h"
 
 #include <QList>
 #include <QLocale>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/PointInTime.h"
+#include "time/PointInTime.h"
 
 namespace norvane {
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/record/Trial.h"
-#include "platform/Calendar.h"
+#include "time/Calendar.h"
 
 #include <QStringList>
 

@@ -5,11 +5,11 @@
 
 #include "model/record/TrialsFile.h"
 #include "platform/BackgroundTasks.h"
-#include "platform/CalendarSource.h"
 #include "platform/Clock.h"
 #include "platform/Folders.h"
 #include "platform/NotificationCenter.h"
 #include "reminders/ReminderSchedule.h"
+#include "time/CalendarSource.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,6 +3,7 @@
 
 #include "tests/app/Shell.h"
 #include "tests/support/ForkedChild.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -215,5 +216,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestAppDelegate)
+NORVANE_GUI_TEST(TestAppDelegate)
 #include "tst_AppDelegate.moc"

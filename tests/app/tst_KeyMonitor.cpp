@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/app/Shell.h"
+#include "tests/support/TestProgram.h"
 
 #include <QKeyEvent>
 #include <QTest>
@@ -209,5 +210,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestKeyMonitor)
+NORVANE_GUI_TEST(TestKeyMonitor)
 #include "tst_KeyMonitor.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/Placement.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -203,5 +204,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestPlacement)
+NORVANE_TEST(TestPlacement)
 #include "tst_Placement.moc"

@@ -3,6 +3,7 @@
 
 #include "app/SingleInstance.h"
 #include "tests/support/PrivateSessionBus.h"
+#include "tests/support/TestProgram.h"
 
 #include <QScopeGuard>
 #include <QSignalSpy>
@@ -94,5 +95,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSingleInstance)
+NORVANE_TEST(TestSingleInstance)
 #include "tst_SingleInstance.moc"

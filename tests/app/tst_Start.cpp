@@ -4,7 +4,8 @@
 #include "app/DisplayChoice.h"
 #include "app/FormatLocale.h"
 #include "app/StartRequest.h"
-#include "platform/desktop/StopSignals.h"
+#include "platform/session/StopSignals.h"
+#include "tests/support/TestProgram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -108,5 +109,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestStart)
+NORVANE_TEST(TestStart)
 #include "tst_Start.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "notifier/BodyMarkup.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -31,5 +32,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestBodyMarkup)
+NORVANE_TEST(TestBodyMarkup)
 #include "tst_BodyMarkup.moc"

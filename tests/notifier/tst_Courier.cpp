@@ -4,6 +4,7 @@
 #include "notifier/Courier.h"
 #include "notifier/Ledger.h"
 #include "tests/notifier/FakeSurroundings.h"
+#include "tests/support/TestProgram.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -242,5 +243,5 @@ private:
     std::unique_ptr<Courier> courier_;
 };
 
-QTEST_GUILESS_MAIN(TestCourier)
+NORVANE_TEST(TestCourier)
 #include "tst_Courier.moc"

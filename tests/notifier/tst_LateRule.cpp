@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "notifier/LateRule.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -37,5 +38,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestLateRule)
+NORVANE_TEST(TestLateRule)
 #include "tst_LateRule.moc"

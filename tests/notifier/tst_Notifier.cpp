@@ -3,8 +3,9 @@
 
 #include "notifier/Notifier.h"
 #include "platform/bus/BusNames.h"
-#include "platform/desktop/SystemClock.h"
+#include "platform/session/SystemClock.h"
 #include "tests/support/PrivateSessionBus.h"
+#include "tests/support/TestProgram.h"
 
 #include <QDBusConnectionInterface>
 #include <QSignalSpy>
@@ -97,5 +98,5 @@ private:
     std::unique_ptr<Notifier> notifier_;
 };
 
-QTEST_GUILESS_MAIN(TestNotifier)
+NORVANE_TEST(TestNotifier)
 #include "tst_Notifier.moc"

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Norvane authors
 // SPDX-License-Identifier: MIT
 
-#include "notifier/LocalMinute.h"
 #include "notifier/Scheduler.h"
 #include "tests/notifier/FakeSurroundings.h"
+#include "tests/support/TestProgram.h"
+#include "time/LocalMinute.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -329,5 +330,5 @@ private:
     std::unique_ptr<Scheduler> scheduler_;
 };
 
-QTEST_GUILESS_MAIN(TestScheduler)
+NORVANE_TEST(TestScheduler)
 #include "tst_Scheduler.moc"

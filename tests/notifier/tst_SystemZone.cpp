@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "notifier/SystemZone.h"
+#include "tests/support/TestProgram.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,5 +82,5 @@ private:
     std::unique_ptr<QTemporaryDir> folder_;
 };
 
-QTEST_GUILESS_MAIN(TestSystemZone)
+NORVANE_TEST(TestSystemZone)
 #include "tst_SystemZone.moc"

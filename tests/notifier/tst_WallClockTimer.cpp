@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "notifier/WallClockTimer.h"
+#include "tests/support/TestProgram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -112,5 +113,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestWallClockTimer)
+NORVANE_TEST(TestWallClockTimer)
 #include "tst_WallClockTimer.moc"

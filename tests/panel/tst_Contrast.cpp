@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/Contrast.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -60,5 +61,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestContrast)
+NORVANE_TEST(TestContrast)
 #include "tst_Contrast.moc"

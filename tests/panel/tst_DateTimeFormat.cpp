@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/DateTimeFormat.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -207,5 +208,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDateTimeFormat)
+NORVANE_TEST(TestDateTimeFormat)
 #include "tst_DateTimeFormat.moc"

@@ -3,6 +3,7 @@
 
 #include "panel/DesktopPalette.h"
 #include "tests/panel/ChosenAppearance.h"
+#include "tests/support/TestProgram.h"
 
 #include <QGuiApplication>
 #include <QTest>
@@ -118,5 +119,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDesktopPalette)
+NORVANE_GUI_TEST(TestDesktopPalette)
 #include "tst_DesktopPalette.moc"

@@ -3,6 +3,7 @@
 
 #include "panel/TrialPresentation.h"
 #include "tests/panel/PanelOnFakes.h"
+#include "tests/support/TestProgram.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -117,5 +118,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPanelContent)
+NORVANE_TEST(TestPanelContent)
 #include "tst_PanelContent.moc"

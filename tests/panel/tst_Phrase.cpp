@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/Phrase.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -54,5 +55,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPhrase)
+NORVANE_TEST(TestPhrase)
 #include "tst_Phrase.moc"

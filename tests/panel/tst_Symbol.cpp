@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/Symbol.h"
+#include "tests/support/TestProgram.h"
 
 #include <QImage>
 #include <QPainter>
@@ -110,5 +111,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSymbol)
+NORVANE_GUI_TEST(TestSymbol)
 #include "tst_Symbol.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/TextStyles.h"
+#include "tests/support/TestProgram.h"
 
 #include <QFontInfo>
 #include <QGuiApplication>
@@ -53,5 +54,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTextStyles)
+NORVANE_GUI_TEST(TestTextStyles)
 #include "tst_TextStyles.moc"

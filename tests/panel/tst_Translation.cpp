@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/Translation.h"
+#include "tests/support/TestProgram.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -189,5 +190,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTranslation)
+NORVANE_GUI_TEST(TestTranslation)
 #include "tst_Translation.moc"

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/TrialPresentation.h"
-#include "platform/Calendar.h"
+#include "tests/support/TestProgram.h"
+#include "time/Calendar.h"
 
 #include <QTest>
 
@@ -73,5 +74,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTrialPresentation)
+NORVANE_TEST(TestTrialPresentation)
 #include "tst_TrialPresentation.moc"

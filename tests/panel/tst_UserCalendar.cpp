@@ -4,6 +4,7 @@
 #include "panel/UserCalendar.h"
 #include "tests/support/FixedCalendarSource.h"
 #include "tests/support/HandMovedClock.h"
+#include "tests/support/TestProgram.h"
 
 #include <QDateTime>
 #include <QTest>
@@ -244,5 +245,5 @@ private:
     UserCalendar american{clock, zone, QLocale{QStringLiteral("en_US")}};
 };
 
-QTEST_GUILESS_MAIN(TestUserCalendar)
+NORVANE_TEST(TestUserCalendar)
 #include "tst_UserCalendar.moc"

@@ -5,6 +5,7 @@
 #include "tests/support/FixedCalendarSource.h"
 #include "tests/support/HandMovedClock.h"
 #include "tests/support/RecordingNotificationCenter.h"
+#include "tests/support/TestProgram.h"
 
 #include <QTest>
 
@@ -281,5 +282,5 @@ private:
     };
 };
 
-QTEST_GUILESS_MAIN(TestReminderSchedule)
+NORVANE_TEST(TestReminderSchedule)
 #include "tst_ReminderSchedule.moc"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/CalendarSource.h"
+#include "time/CalendarSource.h"
 
 #include <QByteArray>
 

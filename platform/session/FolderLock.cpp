@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/session/FolderLock.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+
+#include <cerrno>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace norvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds betweenAttempts{10};
+
+} // namespace
+
+FolderLock::~FolderLock()
+{
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+FolderLock::Answer FolderLock::take(const QString &folder, std::chrono::milliseconds patience)
+{
+    if (descriptor_ >= 0) {
+        return Answer::Taken;
+    }
+    const int descriptor =
+        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return Answer::NoFolder;
+    }
+    const QDeadlineTimer deadline{patience};
+    // Any other error is a file system without locks: then there is nobody to wait for.
+    while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        if (deadline.hasExpired()) {
+            ::close(descriptor);
+            return Answer::Held;
+        }
+        std::this_thread::sleep_for(betweenAttempts);
+    }
+    descriptor_ = descriptor;
+    return Answer::Taken;
+}
+
+} // namespace norvane

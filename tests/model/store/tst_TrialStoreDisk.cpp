@@ -1,0 +1,242 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "model/record/TrialsFile.h"
+#include "model/store/TrialStore.h"
+#include "tests/support/FakeSurroundings.h"
+#include "tests/support/ForkedChild.h"
+#include "tests/support/TestProgram.h"
+#include "tests/support/TrialsText.h"
+
+#include <QTest>
+
+#include <array>
+#include <cstring>
+#include <utility>
+
+#include <sys/inotify.h>
+#include <sys/stat.h>
+
+using namespace norvane;
+
+/// How the store treats the disk: in place, in silence, and not at all without a folder.
+class TestTrialStoreDisk final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theFileIsWrittenInPlace()
+    {
+        FakeSurroundings fake;
+        fake.folders.write("[]");
+        const QString link = fake.folders.root() + QStringLiteral("/link.json");
+        QCOMPARE(::link(qPrintable(fake.folders.trialsFile()), qPrintable(link)), 0);
+        QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{0x6640});
+        const auto before = status(fake.folders.trialsFile());
+
+        TrialStore store{fake.all()};
+        add(store);
+
+        const auto after = status(fake.folders.trialsFile());
+        QCOMPARE(after.st_ino, before.st_ino);
+        QCOMPARE(after.st_mode, before.st_mode);
+        QCOMPARE(after.st_nlink, before.st_nlink);
+        QFile linked{link};
+        QVERIFY(linked.open(QIODevice::ReadOnly));
+        QCOMPARE(TrialsFile::decode(linked.readAll()), store.trials());
+        QCOMPARE(QDir{fake.folders.storeFolder()}.entryList(QDir::Files | QDir::Hidden),
+                 QStringList{QStringLiteral("trials.json")});
+    }
+
+    void aPipeInPlaceOfTheFileIsNotWaitedFor()
+    {
+        FakeSurroundings fake;
+        QVERIFY(QDir{}.mkpath(fake.folders.storeFolder()));
+        QCOMPARE(::mkfifo(qPrintable(fake.folders.trialsFile()), 0600), 0);
+
+        TrialStore store{fake.all()};
+        add(store);
+
+        QCOMPARE(store.trials().size(), 1);
+    }
+
+    void aShorterListLeavesNoRestOfTheLongerOne()
+    {
+        FakeSurroundings fake;
+        TrialStore store{fake.all()};
+        add(store);
+        add(store);
+
+        store.delete_(store.trials().first());
+
+        QCOMPARE(fake.folders.bytes(), TrialsFile::encode(store.trials()));
+    }
+
+    void aSaveIsOneOpenAndOneWriteOfTheWholeText()
+    {
+        FakeSurroundings fake;
+        TrialStore store{fake.all()};
+        // Longer than what any buffer in between holds.
+        store.add(QString{1'000'000, u'x'}, FakeSurroundings::start, 0, {});
+        const int watcher = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+        QVERIFY(::inotify_add_watch(watcher, qPrintable(fake.folders.trialsFile()),
+                                    IN_OPEN | IN_CLOSE | IN_MOVE_SELF | IN_DELETE_SELF) >= 0);
+        const Written before = writtenByThisThread();
+
+        add(store);
+
+        const Written after = writtenByThisThread();
+        const QList<quint32> events = eventsOf(watcher);
+        ::close(watcher);
+        QCOMPARE(after.calls - before.calls, 1);
+        QCOMPARE(after.bytes - before.bytes, fake.folders.bytes().size());
+        QCOMPARE(events, (QList<quint32>{IN_OPEN, IN_CLOSE_WRITE}));
+    }
+
+    void aFolderThatCannotBeMadeLeavesTheListInMemory()
+    {
+        FakeSurroundings fake;
+        QFile::setPermissions(fake.folders.root(), QFile::Permissions{0x5555});
+
+        const auto outcome = ForkedChild::run(
+            [&fake] {
+                TrialStore store{fake.all()};
+                add(store);
+                return store.trials().size() == 1 && !QFile::exists(fake.folders.storeFolder()) ? 0
+                                                                                                : 1;
+            },
+            ForkedChild::ordinaryUser);
+
+        QCOMPARE(outcome.output, QByteArray{});
+        QCOMPARE(outcome.status, 0);
+    }
+
+    void aFileThatCannotBeReadIsAnEmptyListAndWrittenAsOne_data()
+    {
+        QTest::addColumn<int>("permissions");
+        QTest::addColumn<QByteArray>("bytes");
+
+        QTest::newRow("only written") << 0x2222 << QByteArray{"[]"};
+        QTest::newRow("not written either") << 0 << TrialsText{}.text();
+    }
+    void aFileThatCannotBeReadIsAnEmptyListAndWrittenAsOne()
+    {
+        QFETCH(const int, permissions);
+        FakeSurroundings fake;
+        fake.folders.write(TrialsText{}.text());
+        QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{permissions});
+
+        const auto outcome = ForkedChild::run(
+            [&fake] {
+                const TrialStore store{fake.all()};
+                return store.trials().isEmpty() ? 0 : 1;
+            },
+            ForkedChild::ordinaryUser);
+
+        QCOMPARE(outcome.output, QByteArray{});
+        QCOMPARE(outcome.status, 0);
+        QFile::setPermissions(fake.folders.trialsFile(), QFile::ReadOwner);
+        QTEST(fake.folders.bytes(), "bytes");
+    }
+
+    void aFileThatCannotBeWrittenLeavesTheListInMemoryAhead()
+    {
+        FakeSurroundings fake;
+        fake.folders.write(TrialsText{}.text());
+        QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{0x4444});
+
+        const auto outcome = ForkedChild::run(
+            [&fake] {
+                TrialStore store{fake.all()};
+                add(store);
+                return store.trials().size() == 2 ? 0 : 1;
+            },
+            ForkedChild::ordinaryUser);
+
+        QCOMPARE(outcome.output, QByteArray{});
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(fake.folders.bytes(), TrialsText{}.text());
+    }
+
+    void aLaterSaveThatSucceedsWritesWhatAnEarlierOneCouldNot()
+    {
+        FakeSurroundings fake;
+        TrialStore store{fake.all()};
+        QFile::remove(fake.folders.trialsFile());
+        QVERIFY(QDir{}.mkdir(fake.folders.trialsFile())); // Stands in the way, for root as well.
+        add(store);
+        QVERIFY(QDir{}.rmdir(fake.folders.trialsFile()));
+
+        add(store);
+
+        QCOMPARE(store.trials().size(), 2);
+        QCOMPARE(TrialsFile::decode(fake.folders.bytes()), store.trials());
+    }
+
+    void withoutAFolderForApplicationDataTheProcessStopsInSilence()
+    {
+        FakeSurroundings fake;
+        fake.folders.answer({});
+
+        const auto outcome = ForkedChild::run([&fake] {
+            const TrialStore store{fake.all()};
+            return 0;
+        });
+
+        QCOMPARE(outcome.signal, SIGABRT);
+        QCOMPARE(outcome.output, QByteArray{});
+        QVERIFY(!QFile::exists(fake.folders.storeFolder()));
+    }
+
+private:
+    struct Written {
+        qint64 calls = 0;
+        qint64 bytes = 0;
+    };
+
+    static void add(TrialStore &store)
+    {
+        store.add(QStringLiteral("Acme"), FakeSurroundings::start, 1, {});
+    }
+
+    static struct stat status(const QString &path)
+    {
+        struct stat status {};
+        ::stat(qPrintable(path), &status);
+        return status;
+    }
+
+    /// What the kernel has counted of write calls so far.
+    static Written writtenByThisThread()
+    {
+        QFile file{QStringLiteral("/proc/thread-self/io")};
+        Written written;
+        if (!file.open(QIODevice::ReadOnly)) {
+            return written;
+        }
+        for (const QByteArray &line : file.readAll().split('\n')) {
+            if (line.startsWith("syscw: ")) {
+                written.calls = line.mid(7).toLongLong();
+            } else if (line.startsWith("wchar: ")) {
+                written.bytes = line.mid(7).toLongLong();
+            }
+        }
+        return written;
+    }
+
+    static QList<quint32> eventsOf(int watcher)
+    {
+        QList<quint32> masks;
+        std::array<char, 4096> buffer{};
+        const ssize_t length = ::read(watcher, buffer.data(), buffer.size());
+        inotify_event event{};
+        for (std::size_t offset = 0; std::cmp_less(offset, length);
+             offset += sizeof event + event.len) {
+            std::memcpy(&event, buffer.data() + offset, sizeof event);
+            masks.append(event.mask);
+        }
+        return masks;
+    }
+};
+
+NORVANE_TEST(TestTrialStoreDisk)
+#include "tst_TrialStoreDisk.moc"

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "platform/bus/BusNames.h"
+#include "platform/bus/PendingRequest.h"
+#include "platform/client/DBusNotificationCenter.h"
+#include "tests/support/PrivateSessionBus.h"
+#include "tests/support/TestProgram.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+
+using namespace norvane;
+
+namespace {
+
+const QString standIn = QStringLiteral(NORVANE_NOTIFIER);
+
+NotificationRequest request(const QString &identifier)
+{
+    return {.identifier = identifier,
+            .title = QStringLiteral("Title"),
+            .body = QStringLiteral("Body"),
+            .sound = QStringLiteral("default"),
+            .trigger = {.year = 9999, .month = 1, .day = 1, .hour = 12, .minute = 0}};
+}
+
+QDBusConnectionInterface &bus()
+{
+    return *QDBusConnection::sessionBus().interface();
+}
+
+/// How many requests the centre has; -1 when there is none.
+qsizetype pendingCount()
+{
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
+        busNames::notificationCenter, busNames::notificationCenterPath,
+        QStringLiteral("org.norvane.NotificationCenter1"), QStringLiteral("PendingRequests")));
+    if (answer.type() != QDBusMessage::ReplyMessage) {
+        return -1;
+    }
+    return qdbus_cast<PendingRequestList>(answer.arguments().value(0)).size();
+}
+
+} // namespace
+
+class TestStandIn final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        qputenv("XDG_STATE_HOME", QFile::encodeName(state_.path()));
+        registerPendingRequestTypes();
+    }
+
+    void cleanup()
+    {
+        session_.withdrawOffer(busNames::notificationCenter);
+        if (bus().isServiceRegistered(busNames::notificationCenter)) {
+            ::kill(static_cast<pid_t>(bus().servicePid(busNames::notificationCenter).value()),
+                   SIGKILL);
+        }
+        QTRY_VERIFY(!bus().isServiceRegistered(busNames::notificationCenter));
+    }
+
+    void theProgramBesideIsStartedAndGetsWhatWaited()
+    {
+        DBusNotificationCenter center{standIn};
+
+        center.removeAllPendingNotificationRequests();
+        center.addNotificationRequest(request(QStringLiteral("a-1h")));
+        center.addNotificationRequest(request(QStringLiteral("b-1h")));
+
+        QTRY_COMPARE(pendingCount(), 2);
+    }
+
+    void nothingIsLostWhenNorvaneEndsAtOnce()
+    {
+        {
+            DBusNotificationCenter center{standIn};
+            center.removeAllPendingNotificationRequests();
+            center.addNotificationRequest(request(QStringLiteral("a-1h")));
+        }
+
+        QTRY_COMPARE(pendingCount(), 1);
+    }
+
+    void anInstalledCentreWins()
+    {
+        const QString mark = session_.path(QStringLiteral("installed"));
+        session_.offer(busNames::notificationCenter,
+                       QStringLiteral(": > '%1'; exec '%2'").arg(mark, standIn));
+        bus().call(QStringLiteral("ReloadConfig"));
+        DBusNotificationCenter center{QStringLiteral("/bin/false")};
+
+        center.removeAllPendingNotificationRequests();
+        center.addNotificationRequest(request(QStringLiteral("a-1h")));
+
+        QTRY_COMPARE(pendingCount(), 1);
+        QVERIFY(QFile::exists(mark));
+    }
+
+private:
+    PrivateSessionBus session_;
+    QTemporaryDir state_;
+};
+
+NORVANE_TEST(TestStandIn)
+#include "tst_StandIn.moc"
