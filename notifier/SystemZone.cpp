@@ -5,11 +5,13 @@
 
 #include "time/MachineZone.h"
 
-#include <QDBusConnection>
 #include <QFile>
 #include <QFileInfo>
 
 #include <array>
+#include <cstdint>
+#include <tuple>
+#include <utility>
 
 #include <sys/inotify.h>
 #include <unistd.h>
@@ -34,34 +36,54 @@ SystemZone::~SystemZone()
 
 void SystemZone::watch()
 {
-    if (link_.isEmpty()) {
+    if (link_.isEmpty() || descriptor_ < 0) {
         return;
     }
-    // The folder, because a link that is replaced takes a watch on itself with it; and only for
-    // names that come into it and files that were written, because every event is a wake-up.
-    const QByteArray folder = QFile::encodeName(QFileInfo{link_}.absolutePath());
-    if (::inotify_add_watch(descriptor_, folder.constData(),
-                            IN_CREATE | IN_MOVED_TO | IN_CLOSE_WRITE) >= 0) {
-        readable_.setSocket(descriptor_);
-        connect(&readable_, &QSocketNotifier::activated, this, &SystemZone::folderChanged);
-        readable_.setEnabled(true);
-    }
-    QDBusConnection::systemBus().connect(QString{}, QStringLiteral("/org/freedesktop/timedate1"),
-                                         QStringLiteral("org.freedesktop.DBus.Properties"),
-                                         QStringLiteral("PropertiesChanged"), this, SLOT(look()));
-    look();
+    readable_.setSocket(descriptor_);
+    connect(&readable_, &QSocketNotifier::activated, this, &SystemZone::filesChanged);
+    readable_.setEnabled(true);
+    watchFiles();
+    readZone(); // It may have changed since it was read first.
 }
 
-void SystemZone::folderChanged()
+void SystemZone::filesChanged()
 {
     std::array<char, 4096> events{};
     while (::read(descriptor_, events.data(), events.size()) > 0) {
-        // What came does not matter: the link is looked at either way.
+        // What happened does not matter: the files are watched anew and read either way.
     }
-    look();
+    watchFiles();
+    readZone();
 }
 
-void SystemZone::look()
+/// A watch belongs to a file and not to its name, and ends when another file takes the name: that
+/// is one of the events. A second watch on the same file changes nothing.
+void SystemZone::watchFiles()
+{
+    if (watchLink()) {
+        return;
+    }
+    // There is no link at the moment. The next file that comes into the folder may be the new one.
+    const QByteArray folder = QFile::encodeName(QFileInfo{link_}.absolutePath());
+    folderWatch_ = ::inotify_add_watch(descriptor_, folder.constData(), IN_CREATE | IN_MOVED_TO);
+    std::ignore = watchLink(); // It may have come just before.
+}
+
+bool SystemZone::watchLink()
+{
+    constexpr std::uint32_t changes = IN_ATTRIB | IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF;
+    const QByteArray link = QFile::encodeName(link_);
+    if (::inotify_add_watch(descriptor_, link.constData(), changes | IN_DONT_FOLLOW) < 0) {
+        return false;
+    }
+    ::inotify_add_watch(descriptor_, link.constData(), changes); // Where it points to, if anywhere.
+    if (folderWatch_ >= 0) {
+        ::inotify_rm_watch(descriptor_, std::exchange(folderWatch_, -1));
+    }
+    return true;
+}
+
+void SystemZone::readZone()
 {
     const QTimeZone zone = machineZone();
     if (zone != zone_) {

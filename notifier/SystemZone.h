@@ -11,8 +11,9 @@ namespace norvane {
 
 /// The machine's zone, and notice of its changes.
 ///
-/// Watches /etc/localtime, or the link whose path the environment names in its place (TZ). A zone
-/// that the environment names itself never changes.
+/// Watches /etc/localtime, or the link whose path the environment names in its place (TZ), and the
+/// file that it points to. Other files beside them cause no wake-up. A zone that the environment
+/// names itself never changes. Nothing here talks to another process.
 class SystemZone final : public LocalZone {
     Q_OBJECT
 
@@ -20,20 +21,21 @@ public:
     explicit SystemZone(QObject *parent = nullptr);
     ~SystemZone() override;
 
-    /// Begins to watch: the link's folder, and the machine's time settings on the system bus.
+    /// Begins to watch. Where the kernel grants no watch, the zone stays what it was at the start.
     void watch();
 
     [[nodiscard]] QTimeZone zone() const override { return zone_; }
 
-private slots:
-    void look();
-
 private:
-    void folderChanged();
+    void filesChanged();
+    void watchFiles();
+    [[nodiscard]] bool watchLink();
+    void readZone();
 
-    QString link_; ///< Empty when the environment fixes the zone.
+    const QString link_; ///< Empty when the environment fixes the zone.
     QTimeZone zone_;
     const int descriptor_; ///< Of inotify, or -1; closed by the destructor.
+    int folderWatch_ = -1; ///< On the link's folder, while there is no link.
     QSocketNotifier readable_;
 };
 

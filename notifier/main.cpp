@@ -83,7 +83,11 @@ int main(int argc, char **argv)
     if (!arguments) {
         return EX_USAGE;
     }
-    const QDBusConnection bus = QDBusConnection::sessionBus();
+    // Not QDBusConnection::sessionBus(): that one keeps what arrives before the event loop runs,
+    // and when the loop starts, newer calls can overtake what was kept. The calls of a burst would
+    // take effect out of order.
+    const QDBusConnection bus =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("notifier"));
     if (!bus.isConnected()) {
         qCritical("No session bus: %s", qUtf8Printable(bus.lastError().message()));
         return EX_UNAVAILABLE;

@@ -5,10 +5,12 @@
 
 import os
 import sqlite3
+import time
 from contextlib import closing
 from datetime import datetime, timedelta, timezone
 
 from support.notifier import FAR, NAME, minute, minutes_ago, this_minute
+from support.process import wake_ups
 from support.waiting import wait_until
 
 
@@ -107,3 +109,20 @@ def test_the_first_minute_of_the_calendar_is_long_past(notifier):
     notifier.add("a-1h", "0001-01-01T00:00")
 
     assert notifier.pending() == []
+
+
+def test_other_files_beside_the_zones_link_do_not_wake_it(notifier, tmp_path):
+    link = tmp_path / "zone" / "localtime"
+    link.parent.mkdir()
+    link.symlink_to("/usr/share/zoneinfo/UTC")
+    notifier.environment["TZ"] = f":{link}"
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    time.sleep(2)  # It tidies up half a second after the last call.
+    before = wake_ups(notifier.process.pid)
+
+    for i in range(20):
+        (link.parent / f"other-{i}").write_text("changed")
+    time.sleep(1)  # What is looked for is that nothing happens, which only time can show.
+
+    assert wake_ups(notifier.process.pid) == before

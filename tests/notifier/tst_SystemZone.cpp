@@ -57,6 +57,33 @@ private slots:
         QTRY_COMPARE(zone.zone().id(), "Asia/Tokyo");
     }
 
+    void aLinkThatIsMovedAwayAndMadeAnewIsNoticed()
+    {
+        SystemZone zone;
+        zone.watch();
+        QCOMPARE(std::rename(qUtf8Printable(link()),
+                             qUtf8Printable(folder_->filePath(QStringLiteral("old")))),
+                 0);
+
+        point(QStringLiteral("Asia/Tokyo"));
+        QTRY_COMPARE(zone.zone().id(), "Asia/Tokyo");
+
+        point(QStringLiteral("Asia/Seoul"));
+        QTRY_COMPARE(zone.zone().id(), "Asia/Seoul");
+    }
+
+    void aLinkThatIsReplacedTwiceIsNoticedTwice()
+    {
+        SystemZone zone;
+        zone.watch();
+        point(QStringLiteral("Asia/Tokyo"));
+        QTRY_COMPARE(zone.zone().id(), "Asia/Tokyo");
+
+        point(QStringLiteral("Asia/Seoul"));
+
+        QTRY_COMPARE(zone.zone().id(), "Asia/Seoul");
+    }
+
     void anythingElseInTheFolderIsNoChange()
     {
         SystemZone zone;

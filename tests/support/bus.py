@@ -21,18 +21,25 @@ CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Con
     <allow user="*"/>
   </policy>
   <limit name="max_replies_per_connection">100000</limit>
+  <limit name="max_pending_service_starts">100000</limit>
+  <limit name="max_message_size">{longest_message}</limit>
 </busconfig>
 """
 
 
 class PrivateBus:
-    """Runs a bus in this folder until close(); use it as a context manager."""
+    """Runs a bus in this folder until close(); use it as a context manager.
 
-    def __init__(self, folder: Path, environment: dict[str, str] | None = None):
+    The bus disconnects whoever sends it a message of more than `longest_message` bytes.
+    """
+
+    def __init__(self, folder: Path, environment: dict[str, str] | None = None,
+                 longest_message: int = 128 * 1024 * 1024):
         self.folder = folder
         (folder / "services").mkdir(parents=True)
         configuration = folder / "bus.conf"
-        configuration.write_text(CONFIGURATION.format(folder=folder))
+        configuration.write_text(CONFIGURATION.format(
+            folder=folder, longest_message=longest_message))
         self.process = subprocess.Popen(
             ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nosyslog",
              "--print-address"],

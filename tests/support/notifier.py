@@ -87,6 +87,10 @@ class Notifier:
     def has_owner(self) -> bool:
         return self._bus_call("NameHasOwner", GLib.Variant("(s)", (NAME,)))[0]
 
+    def owner_process(self) -> int:
+        """The number of the process that has the name, whoever started it."""
+        return self._bus_call("GetConnectionUnixProcessID", GLib.Variant("(s)", (NAME,)))[0]
+
     def call(self, method: str, arguments: GLib.Variant | None = None):
         """The reply's values; raises GLib.Error for an error reply."""
         return self.connection.call_sync(
