@@ -30,8 +30,8 @@ bool textHasKeyboard()
 
 } // namespace
 
-AppDelegate::AppDelegate(const Surroundings &surroundings, const Seams &seams)
-    : surroundings_{surroundings},
+AppDelegate::AppDelegate(const Platform &platform, const Seams &seams)
+    : platform_{platform},
       seams_{seams}
 {
 }
@@ -48,11 +48,11 @@ void AppDelegate::applicationDidFinishLaunching()
         connect(statusItem_.get(), &StatusItem::openRequested, this,
                 [this](const IconPress &press) { present(press, press.activationToken); });
     }
-    content_ = std::make_unique<PanelContent>(surroundings_, formatLocale());
+    content_ = std::make_unique<PanelContent>(platform_, formatLocale());
     popover_ = std::make_unique<Popover>(*content_, seams_.windowSystem);
     using Option = NotificationCenter::Option;
-    surroundings_.notificationCenter.requestAuthorization(Option::Badge | Option::Sound |
-                                                          Option::Alert);
+    platform_.notificationCenter.requestAuthorization(Option::Badge | Option::Sound |
+                                                      Option::Alert);
 }
 
 void AppDelegate::togglePopover(const IconPress &press)

@@ -5,7 +5,7 @@
 
 #include "app/KeyMonitors.h"
 #include "platform/IconPress.h"
-#include "platform/Surroundings.h"
+#include "platform/Platform.h"
 
 #include <QObject>
 
@@ -36,7 +36,7 @@ public:
     };
 
     /// Does nothing yet.
-    AppDelegate(const Surroundings &surroundings, const Seams &seams);
+    AppDelegate(const Platform &platform, const Seams &seams);
     ~AppDelegate() override;
 
     /// Makes the status item and the hidden popover, then asks for permission to notify, at every
@@ -57,7 +57,7 @@ private:
     void present(const std::optional<IconPress> &press, const QString &activationToken);
     [[nodiscard]] KeyMonitors::Verdict judge(const QKeyEvent &key) const;
 
-    Surroundings surroundings_;
+    Platform platform_;
     Seams seams_;
     std::unique_ptr<PanelContent> content_; ///< What the popover shows; it borrows it.
     std::unique_ptr<StatusItem> statusItem_;

@@ -5,7 +5,7 @@
 
 #include "app/DisplayChoice.h"
 #include "app/SingleInstance.h"
-#include "platform/Surroundings.h"
+#include "platform/Platform.h"
 #include "platform/bus/BusNames.h"
 
 #include <QDBusConnection>
@@ -70,11 +70,11 @@ void NorvaneApp::launch(const SingleInstance &instance)
     appearance_.emplace(QDBusConnection::sessionBus());
     palette_.emplace(*appearance_);
     notificationCenter_.emplace(notifierOfThisTree());
-    appDelegate_.emplace(Surroundings{.clock = clock_,
-                                      .calendars = calendars_,
-                                      .folders = folders_,
-                                      .notificationCenter = *notificationCenter_,
-                                      .backgroundTasks = backgroundTasks_},
+    appDelegate_.emplace(Platform{.clock = clock_,
+                                  .calendars = calendars_,
+                                  .folders = folders_,
+                                  .notificationCenter = *notificationCenter_,
+                                  .backgroundTasks = backgroundTasks_},
                          AppDelegate::Seams{.statusBar = statusBar_,
                                             .windowSystem = *windowSystem_,
                                             .keyMonitors = keyMonitors_});

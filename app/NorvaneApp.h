@@ -27,7 +27,7 @@ namespace norvane {
 
 class SingleInstance;
 
-/// The application: assembles the machine's real surroundings and hands them down.
+/// The application: makes the real parts of the platform and hands them down.
 ///
 /// There is one Norvane in a session. A second one asks the first to show its panel and ends before
 /// it has touched the trials or the notification centre.

@@ -10,7 +10,7 @@
 #include "platform/Clock.h"
 #include "platform/Folders.h"
 #include "platform/NotificationCenter.h"
-#include "platform/Surroundings.h"
+#include "platform/Platform.h"
 #include "time/CalendarSource.h"
 #include "time/SystemCalendarSource.h"
 

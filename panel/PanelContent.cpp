@@ -10,11 +10,11 @@
 
 namespace norvane {
 
-PanelContent::PanelContent(const Surroundings &surroundings, const QLocale &locale)
-    : clock_{surroundings.clock},
-      store_{surroundings},
-      trials_{store_, surroundings},
-      calendar_{surroundings.clock, surroundings.calendars, locale},
+PanelContent::PanelContent(const Platform &platform, const QLocale &locale)
+    : clock_{platform.clock},
+      store_{platform},
+      trials_{store_, platform},
+      calendar_{platform.clock, platform.calendars, locale},
       activeCount_{store_.activeCount()}
 {
     connect(&store_, &TrialStore::objectWillChange, this, &PanelContent::rebuildSoon);

@@ -6,7 +6,7 @@
 #include "model/store/TrialStore.h"
 #include "panel/TrialListModel.h"
 #include "panel/UserCalendar.h"
-#include "platform/Surroundings.h"
+#include "platform/Platform.h"
 
 #include <QObject>
 #include <QtQmlIntegration/qqmlintegration.h>
@@ -28,9 +28,9 @@ class PanelContent : public QObject {
     Q_PROPERTY(int activeCount READ activeCount NOTIFY rebuilt)
 
 public:
-    /// Makes the store, which loads the trials and plans their reminders. Borrows the surroundings;
+    /// Makes the store, which loads the trials and plans their reminders. Borrows the platform;
     /// the locale is the one in which days and times are written.
-    PanelContent(const Surroundings &surroundings, const QLocale &locale);
+    PanelContent(const Platform &platform, const QLocale &locale);
 
     [[nodiscard]] TrialStore *store() noexcept { return &store_; }
     [[nodiscard]] TrialListModel *trials() noexcept { return &trials_; }

@@ -34,10 +34,10 @@ QList<Trial> firstOfEachId(const QList<Trial> &trials)
 
 } // namespace
 
-TrialListModel::TrialListModel(const TrialStore &store, const Surroundings &surroundings)
+TrialListModel::TrialListModel(const TrialStore &store, const Platform &platform)
     : store_{store},
-      clock_{surroundings.clock},
-      calendars_{surroundings.calendars},
+      clock_{platform.clock},
+      calendars_{platform.calendars},
       rows_{firstOfEachId(store.trials())},
       asOf_{clock_.now()},
       calendar_{calendars_.current()}

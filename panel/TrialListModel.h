@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/record/Trial.h"
-#include "platform/Surroundings.h"
+#include "platform/Platform.h"
 #include "time/Calendar.h"
 #include "time/PointInTime.h"
 
@@ -33,8 +33,8 @@ public:
         PresentationRole,         ///< TrialPresentation, as of the last rebuild
     };
 
-    /// Borrows the store and the surroundings' clock and calendar.
-    TrialListModel(const TrialStore &store, const Surroundings &surroundings);
+    /// Borrows the store and the platform's clock and calendar.
+    TrialListModel(const TrialStore &store, const Platform &platform);
 
     /// Has every visible row drawn afresh, for the current time.
     void redraw();

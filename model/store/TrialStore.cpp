@@ -32,11 +32,11 @@ bool isOrdinary(const QFile &file)
 
 } // namespace
 
-TrialStore::TrialStore(const Surroundings &surroundings, QObject *parent)
+TrialStore::TrialStore(const Platform &platform, QObject *parent)
     : QObject{parent},
-      surroundings_{surroundings}
+      platform_{platform}
 {
-    const QStringList folders = surroundings_.folders.applicationSupportFolders();
+    const QStringList folders = platform_.folders.applicationSupportFolders();
     if (folders.isEmpty()) {
         std::abort();
     }
@@ -50,14 +50,14 @@ TrialStore::TrialStore(const Surroundings &surroundings, QObject *parent)
 int TrialStore::activeCount() const
 {
     const auto isActive = [this](const Trial &trial) {
-        return !(trial.endDate < surroundings_.clock.now());
+        return !(trial.endDate < platform_.clock.now());
     };
     return static_cast<int>(std::ranges::count_if(trials_, isActive));
 }
 
 void TrialStore::add(const QString &name, PointInTime endDate, double cost, const QString &notes)
 {
-    Trial trial = Trial::make(name, endDate, cost, notes, surroundings_.clock.now());
+    Trial trial = Trial::make(name, endDate, cost, notes, platform_.clock.now());
     trial.notificationIds = scheduleNotifications(trial);
     emit objectWillChange();
     trials_.append(trial);
@@ -66,8 +66,8 @@ void TrialStore::add(const QString &name, PointInTime endDate, double cost, cons
 
 void TrialStore::delete_(const Trial &trial)
 {
-    surroundings_.backgroundTasks.detach(
-        [&center = surroundings_.notificationCenter, identifiers = trial.notificationIds] {
+    platform_.backgroundTasks.detach(
+        [&center = platform_.notificationCenter, identifiers = trial.notificationIds] {
             center.removePendingNotificationRequests(identifiers);
         });
     emit objectWillChange();
@@ -104,7 +104,7 @@ void TrialStore::save() const
 
 void TrialStore::scheduleAllNotifications()
 {
-    surroundings_.notificationCenter.removeAllPendingNotificationRequests();
+    platform_.notificationCenter.removeAllPendingNotificationRequests();
     const QList<Trial> snapshot = trials_;
     // By their bytes, whose hash is seeded: a file can hold any number of ids that hash alike.
     QHash<QByteArray, qsizetype> firstWithId;
@@ -113,7 +113,7 @@ void TrialStore::scheduleAllNotifications()
         firstWithId.insert(snapshot.at(index).id.toRfc4122(), index);
     }
     for (const Trial &trial : snapshot) {
-        if (trial.endDate < surroundings_.clock.now()) {
+        if (trial.endDate < platform_.clock.now()) {
             continue; // Ended: its stale identifiers stay.
         }
         const QStringList identifiers = scheduleNotifications(trial);
@@ -125,8 +125,8 @@ void TrialStore::scheduleAllNotifications()
 
 QStringList TrialStore::scheduleNotifications(const Trial &trial) const
 {
-    return ReminderSchedule{surroundings_.clock, surroundings_.calendars.current(),
-                            surroundings_.notificationCenter}
+    return ReminderSchedule{platform_.clock, platform_.calendars.current(),
+                            platform_.notificationCenter}
         .plan(trial);
 }
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/record/Trial.h"
-#include "platform/Surroundings.h"
+#include "platform/Platform.h"
 
 #include <QList>
 #include <QObject>
@@ -25,7 +25,7 @@ class TrialStore final : public QObject {
 public:
     /// Reads the file and plans all reminders anew, which also rewrites the file. Stops the process
     /// when the user has no folder for application data at all.
-    explicit TrialStore(const Surroundings &surroundings, QObject *parent = nullptr);
+    explicit TrialStore(const Platform &platform, QObject *parent = nullptr);
 
     /// The trials in display order.
     [[nodiscard]] const QList<Trial> &trials() const noexcept { return trials_; }
@@ -50,7 +50,7 @@ private:
     void scheduleAllNotifications();
     [[nodiscard]] QStringList scheduleNotifications(const Trial &trial) const;
 
-    Surroundings surroundings_;
+    Platform platform_;
     QList<Trial> trials_;
     QString saveURL_; ///< The trials file; set once.
 };

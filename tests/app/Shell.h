@@ -8,7 +8,7 @@
 #include "app/Popover.h"
 #include "platform/windows/WindowSystem.h"
 #include "tests/app/FakeStatusBar.h"
-#include "tests/support/FakeSurroundings.h"
+#include "tests/support/FakePlatform.h"
 
 #include <QGuiApplication>
 #include <QQuickItem>
@@ -20,7 +20,7 @@ namespace norvane {
 
 /// The shell with its real panel, in the hands of a test.
 struct Shell {
-    FakeSurroundings surroundings;
+    FakePlatform platform;
     FakeStatusBar statusBar;
     WindowSystem windowSystem;
     KeyMonitors keyMonitors;
@@ -28,9 +28,9 @@ struct Shell {
 
     Shell()
     {
-        delegate.emplace(surroundings.all(), AppDelegate::Seams{.statusBar = statusBar,
-                                                                .windowSystem = windowSystem,
-                                                                .keyMonitors = keyMonitors});
+        delegate.emplace(platform.all(), AppDelegate::Seams{.statusBar = statusBar,
+                                                            .windowSystem = windowSystem,
+                                                            .keyMonitors = keyMonitors});
     }
 
     void launch() { delegate->applicationDidFinishLaunching(); }

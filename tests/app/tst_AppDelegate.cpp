@@ -32,7 +32,7 @@ private slots:
         shell.launch();
 
         const QStringList operations{QStringLiteral("remove all"), QStringLiteral("authorize 7")};
-        QCOMPARE(shell.surroundings.center.operations(), operations);
+        QCOMPARE(shell.platform.center.operations(), operations);
     }
 
     void launchingLeavesThePopoverHidden()
@@ -179,7 +179,7 @@ private slots:
         QTRY_VERIFY(Shell::shows(QStringLiteral("7d left")));
         shell.press();
 
-        shell.surroundings.clock.set(FakeSurroundings::start.advanced(5 * 86'400));
+        shell.platform.clock.set(FakePlatform::start.advanced(5 * 86'400));
         shell.press();
 
         QTRY_VERIFY(Shell::shows(QStringLiteral("2d left")));

@@ -29,7 +29,7 @@ public:
     {
         folders_.write(TrialsFile::encode(trials).value_or(QByteArray{}));
         content_ = std::make_unique<PanelContent>(
-            Surroundings{clock_, calendars_, folders_, center_, tasks_}, locale);
+            Platform{clock_, calendars_, folders_, center_, tasks_}, locale);
     }
 
     [[nodiscard]] HandMovedClock &clock() noexcept { return clock_; }

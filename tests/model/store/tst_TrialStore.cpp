@@ -3,7 +3,7 @@
 
 #include "model/record/TrialsFile.h"
 #include "model/store/TrialStore.h"
-#include "tests/support/FakeSurroundings.h"
+#include "tests/support/FakePlatform.h"
 #include "tests/support/TestProgram.h"
 #include "tests/support/TrialsText.h"
 
@@ -20,7 +20,7 @@ class TestTrialStore final : public QObject {
 private slots:
     void addingAppendsEvenATrialThatEndsFirst()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
 
         add(store, "later", 9 * day);
@@ -33,17 +33,17 @@ private slots:
 
     void anAddedTrialHasAFreshIdTheCurrentTimeAndItsIdentifiers()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
-        fake.clock.set(FakeSurroundings::start.advanced(5));
+        fake.clock.set(FakePlatform::start.advanced(5));
 
-        store.add(QStringLiteral("Acme"), FakeSurroundings::start.advanced(2 * day), 9.5,
+        store.add(QStringLiteral("Acme"), FakePlatform::start.advanced(2 * day), 9.5,
                   QStringLiteral("notes"));
 
         const Trial trial = store.trials().constLast();
         QCOMPARE(trial.id.version(), QUuid::Random);
-        QCOMPARE(trial.createdAt, FakeSurroundings::start.advanced(5));
-        QCOMPARE(trial.endDate, FakeSurroundings::start.advanced(2 * day));
+        QCOMPARE(trial.createdAt, FakePlatform::start.advanced(5));
+        QCOMPARE(trial.endDate, FakePlatform::start.advanced(2 * day));
         QCOMPARE(trial.cost, 9.5);
         QCOMPARE(trial.notes, QStringLiteral("notes"));
         QCOMPARE(trial.notificationIds,
@@ -52,7 +52,7 @@ private slots:
 
     void addingPlansOnlyTheNewTrial()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store, "first", 9 * day);
         fake.center.forget();
@@ -65,7 +65,7 @@ private slots:
 
     void theZoneIsAskedForAnewAtEachPlan()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
 
         add(store, "at home", 2 * hour);
@@ -79,10 +79,10 @@ private slots:
 
     void nothingIsCheckedWhenAdding()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
 
-        store.add({}, FakeSurroundings::start.advanced(-day), -3, {});
+        store.add({}, FakePlatform::start.advanced(-day), -3, {});
 
         QCOMPARE(store.trials().size(), 1);
         QCOMPARE(store.trials().first().cost, -3.0);
@@ -93,12 +93,12 @@ private slots:
 
     void aCostThatIsNotANumberHoldsBackTheFileUntilItsTrialIsGone()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store, "sound", day);
         const QByteArray before = fake.folders.bytes();
 
-        store.add(QStringLiteral("broken"), FakeSurroundings::start.advanced(day),
+        store.add(QStringLiteral("broken"), FakePlatform::start.advanced(day),
                   std::numeric_limits<double>::quiet_NaN(), {});
         QCOMPARE(store.trials().size(), 2);
         QCOMPARE(fake.folders.bytes(), before);
@@ -113,7 +113,7 @@ private slots:
 
     void deletingTakesTheTrialOutOfListAndFileAndKeepsTheOrderOfTheRest()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         for (const char *const name : {"a", "b", "c"}) {
             add(store, name, day);
@@ -127,7 +127,7 @@ private slots:
 
     void deletingWithdrawsExactlyWhatThePassedValueCarries()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store, "a", 9 * day);
         Trial copy = store.trials().first();
@@ -143,7 +143,7 @@ private slots:
 
     void theWithdrawalIsABackgroundTaskThatIsNotWaitedFor()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         {
             TrialStore store{fake.all()};
             add(store, "a", 9 * day);
@@ -164,7 +164,7 @@ private slots:
 
     void deletingAnUnknownTrialStillSignalsWithdrawsAndWrites()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store, "a", day);
         Trial unknown = Trial::make(QStringLiteral("b"), {}, 0, {}, {});
@@ -191,7 +191,7 @@ private slots:
     void deletingEitherOfTwoTrialsWithOneIdRemovesBoth()
     {
         QFETCH(const int, index);
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText::fileOf(
             {TrialsText{}.record(), TrialsText{}.with("name", "\"b\"").record()}));
         TrialStore store{fake.all()};
@@ -204,7 +204,7 @@ private slots:
 
     void deletingDoesNotPlanTheOthersAnew()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store, "a", 9 * day);
         add(store, "b", 9 * day);
@@ -224,7 +224,7 @@ private slots:
 
     void everyChangeIsSignalledOnceWhileTheOldListStillStands()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         QList<QList<Trial>> seen;
         QList<int> pendingThen;
@@ -246,7 +246,7 @@ private slots:
 
     void readingTheListAndTheCountSignalsNothing()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         const QSignalSpy changes{&store, &TrialStore::objectWillChange};
 
@@ -258,20 +258,20 @@ private slots:
 
     void aTrialIsActiveUpToTheMomentOfItsEnd()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store, "a", 60);
 
         QCOMPARE(store.activeCount(), 1);
-        fake.clock.set(FakeSurroundings::start.advanced(60));
+        fake.clock.set(FakePlatform::start.advanced(60));
         QCOMPARE(store.activeCount(), 1);
-        fake.clock.set(FakeSurroundings::start.advanced(60.000001));
+        fake.clock.set(FakePlatform::start.advanced(60.000001));
         QCOMPARE(store.activeCount(), 0);
     }
 
     void theClockIsReadForEachTrialThatIsCounted()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store, "a", 2);
         add(store, "b", 2);
@@ -286,7 +286,7 @@ private slots:
 
     void theEndOfAStoreWritesNothingAndAsksForNothing()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         {
             const TrialStore store{fake.all()};
             fake.folders.write("written later");
@@ -304,8 +304,7 @@ private:
 
     static void add(TrialStore &store, const char *name, double secondsFromStart)
     {
-        store.add(QString::fromLatin1(name), FakeSurroundings::start.advanced(secondsFromStart), 1,
-                  {});
+        store.add(QString::fromLatin1(name), FakePlatform::start.advanced(secondsFromStart), 1, {});
     }
     static QStringList names(const QList<Trial> &trials)
     {

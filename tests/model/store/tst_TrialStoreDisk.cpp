@@ -3,7 +3,7 @@
 
 #include "model/record/TrialsFile.h"
 #include "model/store/TrialStore.h"
-#include "tests/support/FakeSurroundings.h"
+#include "tests/support/FakePlatform.h"
 #include "tests/support/ForkedChild.h"
 #include "tests/support/TestProgram.h"
 #include "tests/support/TrialsText.h"
@@ -26,7 +26,7 @@ class TestTrialStoreDisk final : public QObject {
 private slots:
     void theFileIsWrittenInPlace()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write("[]");
         const QString link = fake.folders.root() + QStringLiteral("/link.json");
         QCOMPARE(::link(qPrintable(fake.folders.trialsFile()), qPrintable(link)), 0);
@@ -49,7 +49,7 @@ private slots:
 
     void aPipeInPlaceOfTheFileIsNotWaitedFor()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         QVERIFY(QDir{}.mkpath(fake.folders.storeFolder()));
         QCOMPARE(::mkfifo(qPrintable(fake.folders.trialsFile()), 0600), 0);
 
@@ -61,7 +61,7 @@ private slots:
 
     void aShorterListLeavesNoRestOfTheLongerOne()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         add(store);
         add(store);
@@ -73,10 +73,10 @@ private slots:
 
     void aSaveIsOneOpenAndOneWriteOfTheWholeText()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         // Longer than what any buffer in between holds.
-        store.add(QString{1'000'000, u'x'}, FakeSurroundings::start, 0, {});
+        store.add(QString{1'000'000, u'x'}, FakePlatform::start, 0, {});
         const int watcher = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
         QVERIFY(::inotify_add_watch(watcher, qPrintable(fake.folders.trialsFile()),
                                     IN_OPEN | IN_CLOSE | IN_MOVE_SELF | IN_DELETE_SELF) >= 0);
@@ -94,7 +94,7 @@ private slots:
 
     void aFolderThatCannotBeMadeLeavesTheListInMemory()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         QFile::setPermissions(fake.folders.root(), QFile::Permissions{0x5555});
 
         const auto outcome = ForkedChild::run(
@@ -121,7 +121,7 @@ private slots:
     void aFileThatCannotBeReadIsAnEmptyListAndWrittenAsOne()
     {
         QFETCH(const int, permissions);
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText{}.text());
         QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{permissions});
 
@@ -140,7 +140,7 @@ private slots:
 
     void aFileThatCannotBeWrittenLeavesTheListInMemoryAhead()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText{}.text());
         QFile::setPermissions(fake.folders.trialsFile(), QFile::Permissions{0x4444});
 
@@ -159,7 +159,7 @@ private slots:
 
     void aLaterSaveThatSucceedsWritesWhatAnEarlierOneCouldNot()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         TrialStore store{fake.all()};
         QFile::remove(fake.folders.trialsFile());
         QVERIFY(QDir{}.mkdir(fake.folders.trialsFile())); // Stands in the way, for root as well.
@@ -174,7 +174,7 @@ private slots:
 
     void withoutAFolderForApplicationDataTheProcessStopsInSilence()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.answer({});
 
         const auto outcome = ForkedChild::run([&fake] {
@@ -195,7 +195,7 @@ private:
 
     static void add(TrialStore &store)
     {
-        store.add(QStringLiteral("Acme"), FakeSurroundings::start, 1, {});
+        store.add(QStringLiteral("Acme"), FakePlatform::start, 1, {});
     }
 
     static struct stat status(const QString &path)

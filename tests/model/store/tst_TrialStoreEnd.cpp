@@ -4,7 +4,7 @@
 #include "model/store/TrialStore.h"
 #include "platform/client/DBusNotificationCenter.h"
 #include "platform/session/ThreadPoolTasks.h"
-#include "tests/support/FakeSurroundings.h"
+#include "tests/support/FakePlatform.h"
 #include "tests/support/PrivateSessionBus.h"
 #include "tests/support/RecordingCenterService.h"
 #include "tests/support/TestProgram.h"
@@ -23,7 +23,7 @@ private slots:
     {
         RecordingCenterService service{QDBusConnection::sessionBus()};
         QVERIFY(service.appear());
-        FakeSurroundings fake;
+        FakePlatform fake;
         QStringList withdrawal{QStringLiteral("RemovePendingRequests")};
 
         {
@@ -36,7 +36,7 @@ private slots:
                               .notificationCenter = center,
                               .backgroundTasks = tasks}};
             tasks.detach([] { QThread::msleep(100); }); // The withdrawal has to wait for this.
-            store.add(QStringLiteral("Acme"), FakeSurroundings::start.advanced(864'000), 1, {});
+            store.add(QStringLiteral("Acme"), FakePlatform::start.advanced(864'000), 1, {});
             withdrawal += store.trials().first().notificationIds;
 
             store.delete_(store.trials().first());

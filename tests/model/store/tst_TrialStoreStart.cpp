@@ -3,7 +3,7 @@
 
 #include "model/record/TrialsFile.h"
 #include "model/store/TrialStore.h"
-#include "tests/support/FakeSurroundings.h"
+#include "tests/support/FakePlatform.h"
 #include "tests/support/TestProgram.h"
 #include "tests/support/TrialsText.h"
 
@@ -20,7 +20,7 @@ class TestTrialStoreStart final : public QObject {
 private slots:
     void theFirstStartMakesTheFolderAndAnEmptyFile()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         const QString deeper = fake.folders.root() + QStringLiteral("/not/yet/there");
         fake.folders.answer({deeper});
 
@@ -35,7 +35,7 @@ private slots:
 
     void theFirstOfSeveralFoldersIsUsed()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.answer({fake.folders.root(), fake.folders.root() + QStringLiteral("/second")});
 
         const TrialStore store{fake.all()};
@@ -46,7 +46,7 @@ private slots:
 
     void theFileIsLoadedInItsOrder()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(
             TrialsText::fileOf({element("C", 5 * day), element("A", -day), element("B", 0)}));
 
@@ -68,7 +68,7 @@ private slots:
     void aFileThatCannotBeDecodedIsReplacedByAnEmptyList()
     {
         QFETCH(const QByteArray, bytes);
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(bytes);
 
         const TrialStore store{fake.all()};
@@ -81,7 +81,7 @@ private slots:
 
     void everyStartWritesTheFileAnew()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write("  " + TrialsText{}.plus("\"colour\":1").text());
 
         const TrialStore store{fake.all()};
@@ -92,7 +92,7 @@ private slots:
 
     void allPendingRequestsAreDroppedBeforeAnyIsAdded()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.center.addNotificationRequest({.identifier = QStringLiteral("stale"),
                                             .title = {},
                                             .body = {},
@@ -111,7 +111,7 @@ private slots:
 
     void anEmptyListStillDropsAllPendingRequests()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
 
         const TrialStore store{fake.all()};
 
@@ -121,7 +121,7 @@ private slots:
 
     void theNewIdentifiersAreKeptInTheTrialsAndInTheFile()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText::fileOf({element("A", 2 * day, R"(["old"])")}));
 
         const TrialStore store{fake.all()};
@@ -135,7 +135,7 @@ private slots:
 
     void aTrialThatHasEndedKeepsItsStaleIdentifiers()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText::fileOf({element("A", -day, R"(["old"])")}));
 
         const TrialStore store{fake.all()};
@@ -153,7 +153,7 @@ private slots:
     void aTrialWithinItsLastHourLosesItsIdentifiers()
     {
         QFETCH(const double, secondsLeft);
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText::fileOf({element("A", secondsLeft, R"(["old"])")}));
 
         const TrialStore store{fake.all()};
@@ -163,7 +163,7 @@ private slots:
 
     void startingTwiceLeavesTheSameFileAndTheSamePending()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText::fileOf({element("A", 5 * day), element("B", 2 * day)}));
         const TrialStore first{fake.all()};
         const QByteArray bytes = fake.folders.bytes();
@@ -179,7 +179,7 @@ private slots:
 
     void ofTwoTrialsWithOneIdTheFirstGetsTheIdentifiersOfBothInTurn()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText::fileOf(
             {element("A", 5 * day, R"(["first"])"), element("A", 2 * day, R"(["second"])")}));
 
@@ -196,7 +196,7 @@ private slots:
 
     void anExtremeEndIsLoadedPlannedAndKept()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(TrialsText::fileOf(
             {TrialsText{}.with("endDate", "1e308").record(),
              TrialsText{}.with("endDate", "-1e308").with("id", idJson("B")).record()}));
@@ -212,7 +212,7 @@ private slots:
 
     void theClockIsReadAfreshForEachTrial()
     {
-        FakeSurroundings fake;
+        FakePlatform fake;
         fake.folders.write(
             TrialsText::fileOf({element("A", hour / 2), element("B", hour / 2, R"(["old"])")}));
         fake.clock.moveAtEachRead(hour / 6);
@@ -237,7 +237,7 @@ private:
     static QByteArray element(const char *letter, double secondsFromNow,
                               const QByteArray &identifiers = "[]")
     {
-        const double end = FakeSurroundings::start.advanced(secondsFromNow).secondsSinceReference();
+        const double end = FakePlatform::start.advanced(secondsFromNow).secondsSinceReference();
         const QByteArray name{letter};
         return TrialsText{}
             .with("id", idJson(letter))

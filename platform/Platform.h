@@ -13,7 +13,7 @@ class NotificationCenter;
 
 /// What the program needs of the machine, as borrowed references: the owner of the real ones (or
 /// of a test's) keeps them alive longer than whoever was given this.
-struct Surroundings {
+struct Platform {
     const Clock &clock;
     const CalendarSource &calendars;
     const Folders &folders;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/Surroundings.h"
+#include "platform/Platform.h"
 #include "tests/support/FixedCalendarSource.h"
 #include "tests/support/HandMovedClock.h"
 #include "tests/support/HeldBackgroundTasks.h"
@@ -13,7 +13,7 @@
 namespace norvane {
 
 /// Everything the program needs of the machine, in the hands of a test.
-struct FakeSurroundings {
+struct FakePlatform {
     /// 2025-01-01 00:00:00 UTC.
     static constexpr PointInTime start{757'382'400};
 
@@ -23,7 +23,7 @@ struct FakeSurroundings {
     RecordingNotificationCenter center;
     HeldBackgroundTasks tasks;
 
-    [[nodiscard]] Surroundings all() { return {clock, calendars, folders, center, tasks}; }
+    [[nodiscard]] Platform all() { return {clock, calendars, folders, center, tasks}; }
 };
 
 } // namespace norvane
