@@ -3,26 +3,16 @@
 
 #include "model/record/Cost.h"
 
+#include "model/record/CLocale.h"
+
 #include <QByteArray>
 
 #include <array>
 #include <cctype>
 #include <charconv>
-#include <clocale>
 #include <cstdlib>
 
 namespace norvane {
-
-namespace {
-
-/// The C locale, made once; the process' own may want a comma.
-locale_t cLocale()
-{
-    static const locale_t locale = ::newlocale(LC_ALL_MASK, "C", nullptr);
-    return locale;
-}
-
-} // namespace
 
 QString Cost::text(double cost)
 {
@@ -40,8 +30,9 @@ double Cost::fromText(const QString &text)
     if (bytes.isEmpty() || std::isspace(static_cast<unsigned char>(bytes.front())) != 0) {
         return 0;
     }
+    const CLocale locale;
     char *end = nullptr;
-    const double number = ::strtod_l(bytes.constData(), &end, cLocale());
+    const double number = std::strtod(bytes.constData(), &end);
     return end == bytes.constData() + bytes.size() ? number : 0;
 }
 

@@ -3,13 +3,14 @@
 
 #include "model/record/TrialsFile.h"
 
-#include "model/record/OversizedNumbers.h"
+#include "model/record/CLocale.h"
 #include "model/record/TrialsReader.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace norvane {
 
@@ -20,7 +21,7 @@ using Json = nlohmann::ordered_json;
 /// Up to here every whole double is also exact as a 64-bit integer.
 constexpr double largestExactInteger = 9'007'199'254'740'992.0;
 
-/// Whole numbers without a fraction, as people write them; -0 has no integer form.
+/// A whole number as an integer, which is written without a fraction; -0 has no integer form.
 Json number(double value)
 {
     const bool negativeZero = value == 0 && std::signbit(value);
@@ -58,6 +59,49 @@ bool isWritable(const Trial &trial)
            std::isfinite(trial.createdAt.secondsSinceReference());
 }
 
+/// Whether the whole text is a number by JSON's grammar that is too large for a double.
+bool isTooLarge(std::string_view number)
+{
+    TrialsReader reader;
+    return !Json::sax_parse(number, &reader) && reader.tooLargeNumber() == number;
+}
+
+/// The position just behind the closing quote of the string that opens at `start`.
+std::size_t endOfString(std::string_view json, std::size_t start)
+{
+    std::size_t index = start + 1;
+    while (index < json.size() && json[index] != '"') {
+        index += json[index] == '\\' ? 2 : 1;
+    }
+    return std::min(index + 1, json.size());
+}
+
+/// The text with null in the place of each number that is too large for a double, such as 1e999.
+///
+/// The JSON library gives up on such a number even in a member that is ignored, where it does no
+/// harm. No member of a trial accepts null, so everywhere else the file is refused still. Text that
+/// is not JSON stays not JSON.
+QByteArray withoutTooLargeNumbers(std::string_view json)
+{
+    constexpr std::string_view digits = "0123456789";
+    QByteArray result;
+    result.reserve(static_cast<qsizetype>(json.size()));
+    for (std::size_t index = 0; index < json.size();) {
+        std::size_t end = index + 1;
+        bool tooLarge = false;
+        if (json[index] == '"') {
+            end = endOfString(json, index);
+        } else if (json[index] == '-' || digits.find(json[index]) != std::string_view::npos) {
+            end = std::min(json.find_first_not_of("+-.0123456789eE", index), json.size());
+            tooLarge = isTooLarge(json.substr(index, end - index));
+        }
+        result.append(tooLarge ? QByteArrayView{"null"}
+                               : QByteArrayView{json.substr(index, end - index)});
+        index = end;
+    }
+    return result;
+}
+
 } // namespace
 
 std::optional<QByteArray> TrialsFile::encode(const QList<Trial> &trials)
@@ -82,15 +126,16 @@ std::optional<QList<Trial>> TrialsFile::decode(QByteArrayView bytes)
     if (bytes.contains('\0')) {
         return std::nullopt;
     }
+    const CLocale locale;
     TrialsReader reader;
     if (Json::sax_parse(bytes.begin(), bytes.end(), &reader)) {
         return reader.takeTrials();
     }
-    if (!reader.metOversizedNumber()) {
+    if (reader.tooLargeNumber().empty()) {
         return std::nullopt;
     }
-    // It may stand in a member that is only read over: once more without it.
-    const QByteArray json = OversizedNumbers::replacedByNull(bytes);
+    const QByteArray json =
+        withoutTooLargeNumbers({bytes.data(), static_cast<std::size_t>(bytes.size())});
     TrialsReader secondReader;
     if (Json::sax_parse(json.begin(), json.end(), &secondReader)) {
         return secondReader.takeTrials();

@@ -41,7 +41,7 @@ TrialsReader::Member TrialsReader::memberNamed(const std::string &name)
     return Member::Other;
 }
 
-/// Inside the value of a member that does not count, anything goes.
+/// Whether what comes is part of a member that is ignored, where any JSON value is accepted.
 bool TrialsReader::skipping() const
 {
     return depth_ >= inTrial && member_ == Member::Other;
@@ -79,8 +79,8 @@ bool TrialsReader::takeNumber(double value)
 bool TrialsReader::takeId(const QString &text)
 {
     trial_.id = QUuid::fromString(text);
-    // Of all the forms that QUuid reads, only the bare one is written back the same way; a text
-    // that is no UUID gives the null one, which equals only its own text.
+    // QUuid also reads other forms, such as one in braces, and gives the null UUID for a text that
+    // is none: only the accepted form is written back as it was.
     return trial_.idText() == text.toUpper();
 }
 
@@ -191,11 +191,13 @@ bool TrialsReader::end_array()
     return true;
 }
 
-bool TrialsReader::parse_error(std::size_t /*position*/, const std::string & /*lastToken*/,
+bool TrialsReader::parse_error(std::size_t /*position*/, const std::string &lastToken,
                                const nlohmann::detail::exception &error)
 {
     constexpr int numberOutOfRange = 406; // As the library's documentation numbers its errors.
-    metOversizedNumber_ = error.id == numberOutOfRange;
+    if (error.id == numberOutOfRange) {
+        tooLargeNumber_ = lastToken;
+    }
     return false;
 }
 

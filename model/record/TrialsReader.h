@@ -17,16 +17,17 @@ namespace norvane {
 /// Builds trials from the events of the JSON parser, and stops it at the first thing that has no
 /// place in a trials file.
 ///
-/// Works on events rather than on a finished document because a document no longer tells -0 from 0,
-/// or the first of two members of one name from the second, and because what is skipped then costs
-/// neither memory nor stack.
+/// It handles events instead of a finished document because a document no longer tells -0 from 0,
+/// or the first of two members of one name from the second, and because a document of nested arrays
+/// would need memory for each of them.
 class TrialsReader final : public nlohmann::json_sax<nlohmann::ordered_json> {
 public:
     /// What was read, once the parser has reported success.
     [[nodiscard]] QList<Trial> takeTrials() { return std::move(trials_); }
 
-    /// Whether it was a number that no double can hold that stopped the parser.
-    [[nodiscard]] bool metOversizedNumber() const noexcept { return metOversizedNumber_; }
+    /// The number that stopped the parser because it is too large for a double; empty when
+    /// something else did, or nothing.
+    [[nodiscard]] const std::string &tooLargeNumber() const noexcept { return tooLargeNumber_; }
 
     bool null() override;
     bool boolean(bool value) override;
@@ -67,7 +68,7 @@ private:
     Trial trial_;
     std::bitset<memberCount> seen_;
     Member member_ = Member::Other; ///< Whose value is being read.
-    bool metOversizedNumber_ = false;
+    std::string tooLargeNumber_;
 };
 
 } // namespace norvane
