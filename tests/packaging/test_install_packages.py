@@ -1,0 +1,110 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+"""What scripts/install-packages asks of a machine, and what it says where it cannot install."""
+
+import os
+import re
+import shutil
+import subprocess
+from pathlib import Path
+
+import pytest
+
+ROOT = Path(__file__).resolve().parents[2]
+SCRIPT = ROOT / "scripts/install-packages"
+TOOLS = ("awk", "bash", "dirname", "env", "paste", "sed")
+
+
+class Machine:
+    """A folder of programs, for PATH: a machine that has next to nothing, and a user without rights."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        for tool in TOOLS:
+            (folder / tool).symlink_to(shutil.which(tool))
+        self.add("id", "echo 1000")
+
+    def add(self, name, text):
+        program = self.folder / name
+        program.write_text(f"#!{shutil.which('sh')}\n{text}\n")
+        program.chmod(0o755)
+
+    def run(self, *lists, more_path=""):
+        return subprocess.run([SCRIPT, *lists], env={"PATH": f"{self.folder}{more_path}"}, check=False,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True)
+
+
+@pytest.fixture
+def machine(tmp_path):
+    return Machine(tmp_path)
+
+
+@pytest.mark.skipif(not shutil.which("dpkg-query"), reason="no Debian packages on this system")
+def test_where_everything_is_installed_it_needs_neither_root_nor_the_network(machine):
+    for name in ("apt-get", "sudo"):
+        machine.add(name, "echo $0 was called; exit 1")
+
+    answer = machine.run("run", "build", "test", more_path=":" + os.environ["PATH"])
+
+    assert (answer.returncode, answer.stdout, answer.stderr) == (0, "", "")
+
+
+@pytest.mark.parametrize(("manager", "command", "names"), [
+    ("debian", "apt-get install --no-install-recommends", {"libqt6sql6-sqlite", "qml6-module-qtquick", "qt6-base-dev"}),
+    ("fedora", "dnf install", {"qt6-qtbase", "qt6-qtdeclarative-devel", "gcc-c++"}),
+    ("arch", "pacman -S", {"qt6-base", "qt6-declarative", "gcc"}),
+])
+def test_without_root_it_says_in_one_sentence_what_an_administrator_would_type(machine, manager, command, names):
+    if manager == "debian":
+        machine.add("dpkg-query", "exit 0")
+        machine.add("apt-get", "exit 1")
+        machine.add("apt-cache", "exit 1")
+    elif manager == "fedora":
+        machine.add("dnf", "exit 1")
+        machine.add("rpm", "exit 1")
+    else:
+        machine.add("pacman", "exit 127")
+
+    answer = machine.run("run", "build")
+
+    assert (answer.returncode, answer.stdout) == (0, "")
+    (sentence,) = answer.stderr.splitlines()
+    match = re.fullmatch(f"(\\d+) packages seem to be missing, which an administrator installs with: {command} (.*)", sentence)
+    assert match, sentence
+    assert names <= set(match[2].split())
+    assert int(match[1]) == len(match[2].split()) == len(set(match[2].split()))
+
+
+def test_only_what_is_missing_is_named(machine):
+    machine.add("pacman", '[ "$2" != cmake ]')
+
+    assert machine.run("run", "build").stderr.endswith("pacman -S cmake\n")
+
+
+def test_on_an_unknown_system_it_names_what_debian_calls_the_packages(machine):
+    (sentence,) = machine.run("run", "build").stderr.splitlines()
+
+    assert "qt6-base-dev" in sentence and "xvfb" not in sentence
+
+
+def test_what_runs_norvane_brings_nothing_that_only_tests_need(machine):
+    machine.add("dpkg-query", "exit 0")
+    machine.add("apt-cache", "exit 1")
+
+    sentence = machine.run("run", "build").stderr
+
+    for tests_own in ("xvfb", "xfce4-notifyd", "dunst", "sway", "xfce4-panel", "python3-pytest", "clang-tidy-16"):
+        assert tests_own not in sentence
+
+
+@pytest.mark.skipif(not shutil.which("apt-cache"), reason="no apt on this system")
+def test_every_name_is_a_real_package_of_this_release():
+    lines = [line.split()[0] for line in (ROOT / "scripts/packages.txt").read_text().splitlines()
+             if line and line[0] not in "#["]
+    names = {name for line in lines if not line.endswith("?") for name in line.split("|")}
+    answer = subprocess.run(["apt-cache", "madison", *names], capture_output=True, text=True, check=False).stdout
+    known = {line.split("|")[0].strip() for line in answer.splitlines()}
+    if not known:
+        pytest.skip("apt has no lists of packages here")
+
+    assert [line for line in lines if not line.endswith("?") and not known & set(line.split("|"))] == []
