@@ -19,7 +19,7 @@ SHARE = "usr/local/share"
 def root(folder):
     """A tree into which Norvane is installed."""
     tree = folder / "root"
-    subprocess.run(["cmake", "--install", BUILD], check=True, capture_output=True,
+    subprocess.run(["cmake", "--install", BUILD, "--prefix", "/usr/local"], check=True, capture_output=True,
                    env={"DESTDIR": str(tree), "PATH": "/usr/bin:/bin"})
     return tree
 
@@ -33,7 +33,7 @@ def root(folder):
     f"{SHARE}/dbus-1/services/org.norvane.NotificationCenter.service",
     f"{SHARE}/icons/hicolor/scalable/apps/org.norvane.Norvane.svg",
     f"{SHARE}/icons/hicolor/symbolic/apps/org.norvane.Norvane-symbolic.svg",
-    f"{SHARE}/man/man1/norvane-notifier.1",
+    f"{SHARE}/man/man8/norvane-notifier.8",
     f"{SHARE}/man/man1/norvane.1",
     f"{SHARE}/metainfo/org.norvane.Norvane.metainfo.xml",
 ])
@@ -52,8 +52,17 @@ def test_what_starts_the_notifier_names_the_installed_program(root):
 
 @pytest.mark.parametrize("entry", [f"{SHARE}/applications/org.norvane.Norvane.desktop",
                                    "etc/xdg/autostart/org.norvane.NotificationCenter.desktop"])
-def test_a_desktop_entry_is_valid(root, entry):
-    answer = subprocess.run(["desktop-file-validate", root / entry], capture_output=True, text=True, check=False)
+def test_a_desktop_entry_is_valid(root, folder, entry):
+    probe = folder / "probe.desktop"
+    probe.write_text("[Desktop Entry]\nType=Application\nVersion=1.5\nName=Probe\nExec=true\n")
+    text = (root / entry).read_text()
+    if subprocess.run(["desktop-file-validate", probe], capture_output=True, check=False).returncode:
+        # This validator knows the standard up to version 1.4, and not what came with 1.5.
+        text = text.replace("Version=1.5\n", "Version=1.4\n").replace("SingleMainWindow=true\n", "")
+    copy = folder / Path(entry).name
+    copy.write_text(text)
+
+    answer = subprocess.run(["desktop-file-validate", copy], capture_output=True, text=True, check=False)
 
     assert (answer.returncode, answer.stdout) == (0, "")
 
@@ -78,9 +87,9 @@ def test_the_metadata_is_valid(root):
     assert answer.returncode == 0, answer.stdout
 
 
-@pytest.mark.parametrize("page", ["norvane.1", "norvane-notifier.1"])
+@pytest.mark.parametrize("page", ["man1/norvane.1", "man8/norvane-notifier.8"])
 def test_a_manual_page_is_well_formed(root, page):
-    answer = subprocess.run(["groff", "-man", "-ww", "-z", root / SHARE / "man/man1" / page],
+    answer = subprocess.run(["groff", "-man", "-ww", "-z", root / SHARE / "man" / page],
                             capture_output=True, text=True, check=False)
 
     assert (answer.returncode, answer.stderr) == (0, "")
