@@ -3,7 +3,7 @@
 
 #include "notifier/LateRule.h"
 
-#include <QLatin1StringView>
+#include <QString>
 
 namespace norvane {
 
