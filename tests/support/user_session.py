@@ -44,20 +44,25 @@ def removed(group):
 class UserSession:
     """Runs a user's service manager and session bus until the with statement ends.
 
-    `prefix` is where Norvane is installed from the build tree, "~" in it the user's home.
+    `prefix` is where Norvane is installed from the build tree, "~" in it the user's home. With `tarball`
+    it is where that is unpacked and set up instead.
     `namespaces` tells whether user namespaces can be made in the session.
     """
 
-    def __init__(self, build, prefix, namespaces=True):
-        self.folder = Path(tempfile.mkdtemp(prefix="norvane-session-"))
+    def __init__(self, build, prefix, namespaces=True, tarball=None):
+        # Not in /tmp, of which a service may see another than the session's bus does.
+        self.folder = Path(tempfile.mkdtemp(prefix="norvane-session-", dir="/var/cache"))
         self.folder.chmod(0o755)
         for name in ("home", "runtime", "overlay"):
             (self.folder / name).mkdir()
         (self.folder / "runtime").chmod(0o700)
         self.home = self.folder / "home"
-        self.prefix = Path(str(prefix).replace("~", str(self.home)))
+        self.prefix = prefix.replace("~", str(self.home))
+        if tarball:
+            shutil.copy(tarball, self.folder)
         self.address = f"unix:path={self.folder}/runtime/bus"
-        self.arguments = [USER, self.folder, Path(build).resolve(), self.prefix, "allowed" if namespaces else "denied"]
+        self.arguments = [USER, self.folder, Path(build).resolve(),
+                          ("tarball:" if tarball else "") + self.prefix, "allowed" if namespaces else "denied"]
         self.process = None
         self.groups = []
 
@@ -72,13 +77,18 @@ class UserSession:
              INSIDE, *map(str, self.arguments)],
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, preexec_fn=self._enter_groups)
         try:
-            wait_until(lambda: (self.folder / "runtime/bus").exists() or self.process.poll() is not None,
-                       "the session bus", 60)
+            wait_until(lambda: self._answers() or self.process.poll() is not None, "the session bus", 60)
             assert self.process.poll() is None, self.logs()
         except BaseException:
             self.__exit__()
             raise
         return self
+
+    def _answers(self):
+        try:
+            return self.connect()
+        except GLib.Error:
+            return None
 
     def __exit__(self, *_):
         self.process.kill()
@@ -106,11 +116,6 @@ class UserSession:
 
     def logs(self):
         return "\n".join(file.read_text(errors="replace") for file in sorted(self.folder.glob("*.log")))
-
-    def installed(self):
-        """The files that the installation brought, as it lists them."""
-        lines = (self.folder / "install.log").read_text().splitlines()
-        return [Path(line.split(": ", 1)[1]) for line in lines if line.startswith("-- Installing: ")]
 
     def run(self, *command):
         """Runs a command inside, as the user; what it printed."""

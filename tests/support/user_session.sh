@@ -16,7 +16,8 @@ for lower in /usr /opt /etc "$top"; do
     mount -t overlay overlay -o "lowerdir=$lower,upperdir=$upper/upper,workdir=$upper/work" "$lower"
 done
 mount -t tmpfs tmpfs /run
-mkdir -p /run/systemd/system # What tells the manager that systemd runs this machine.
+# What tells the manager that systemd runs this machine, and where services with a view of their own get it.
+mkdir -p /run/systemd/system /run/systemd/unit-root
 echo "norvane-test:x:$user:$user::$folder/home:/bin/sh" >>/etc/passwd
 echo "norvane-test:x:$user:" >>/etc/group
 chown "$user:$user" "$folder/home" "$folder/runtime"
@@ -31,6 +32,14 @@ case "$prefix" in
         chown "$user:$user" "$build"
         rm -f "$build/install_manifest.txt"
         "${as_user[@]}" cmake --install "$build" --prefix "$prefix"
+        ;;
+    tarball:*) # Unpacked there, and told the system of by whoever may write there.
+        where=${prefix#tarball:}
+        as=("${as_user[@]}")
+        [[ $where == "$folder"/* ]] || as=()
+        "${as[@]}" mkdir -p "$where"
+        "${as[@]}" tar -C "$where" -xf "$folder"/norvane-*.tar.xz
+        "${as[@]}" "$where"/norvane-*/setup install
         ;;
     *) cmake --install "$build" --prefix "$prefix" ;;
 esac >"$folder/install.log" 2>&1

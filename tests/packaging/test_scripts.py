@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Norvane authors
 # SPDX-License-Identifier: MIT
-"""What scripts/install-packages asks of a machine, and what it says where it cannot install."""
+"""What the scripts for installing and releasing ask of a machine, and what they say where they cannot go on."""
 
 import os
 import re
@@ -108,3 +108,11 @@ def test_every_name_is_a_real_package_of_this_release():
         pytest.skip("apt has no lists of packages here")
 
     assert [line for line in lines if not line.endswith("?") and not known & set(line.split("|"))] == []
+
+
+def test_there_is_no_release_while_its_addresses_are_reserved_ones():
+    answer = subprocess.run([ROOT / "scripts/release"], capture_output=True, text=True, check=False)
+
+    assert answer.returncode == 1
+    for name in ("MAINTAINER_EMAIL", "HOMEPAGE", "BUG_TRACKER", "SCREENSHOTS"):
+        assert f"{name} is a reserved value" in answer.stderr
