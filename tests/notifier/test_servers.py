@@ -17,7 +17,7 @@ from support.waiting import wait_until
 
 SERVERS = {
     "dunst": ["dunst"],
-    "xfce4-notifyd": ["/usr/lib/x86_64-linux-gnu/xfce4/notifyd/xfce4-notifyd"],
+    "xfce4-notifyd": [str(next(Path("/usr/lib").glob("*/xfce4/notifyd/xfce4-notifyd"), "xfce4-notifyd"))],
 }
 BACKGROUND = "#204060"
 TITLE = "🚨 Trial Ending in 1 Hour"

@@ -33,11 +33,16 @@ def walk(node):
         yield from walk(child)
 
 
+def role_of(node):
+    """The role's name, as all versions of the library before 2.56 call it."""
+    return {"button": "push button"}.get(node.getRoleName(), node.getRoleName())
+
+
 def describe(node):
     states = node.getState()
     box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
     return {
-        "role": node.getRoleName(),
+        "role": role_of(node),
         "name": node.name,
         "description": node.description,
         "focused": states.contains(pyatspi.STATE_FOCUSED),
@@ -48,7 +53,7 @@ def describe(node):
 
 def press(program, role, name, description=None):
     for node in walk(program):
-        if node.getRoleName() == role and node.name == name and description in (None, node.description):
+        if role_of(node) == role and node.name == name and description in (None, node.description):
             node.queryAction().doAction(0)
             return True
     return False
