@@ -3,12 +3,10 @@
 
 #include "app/AppDelegate.h"
 
-#include "app/FormatLocale.h"
+#include "app/Environment.h"
 #include "app/Popover.h"
 #include "panel/PanelContent.h"
 #include "platform/NotificationCenter.h"
-#include "platform/StatusBar.h"
-#include "platform/StatusItem.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -16,6 +14,7 @@
 #include <QQuickItem>
 
 #include <cstdlib>
+#include <utility>
 
 namespace norvane {
 
@@ -30,9 +29,9 @@ bool textHasKeyboard()
 
 } // namespace
 
-AppDelegate::AppDelegate(const Platform &platform, const Seams &seams)
+AppDelegate::AppDelegate(const Platform &platform, Seams seams)
     : platform_{platform},
-      seams_{seams}
+      seams_{std::move(seams)}
 {
 }
 
@@ -40,7 +39,7 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    statusItem_ = seams_.statusBar.makeStatusItem();
+    statusItem_ = seams_.makeStatusItem();
     if (statusItem_->hasButton()) {
         statusItem_->setImage(QStringLiteral("org.norvane.Norvane-symbolic"),
                               QStringLiteral("Norvane"));
@@ -50,6 +49,7 @@ void AppDelegate::applicationDidFinishLaunching()
     }
     content_ = std::make_unique<PanelContent>(platform_, formatLocale());
     popover_ = std::make_unique<Popover>(*content_, seams_.windowSystem);
+    connect(popover_.get(), &Popover::failed, this, &AppDelegate::panelFailed);
     using Option = NotificationCenter::Option;
     platform_.notificationCenter.requestAuthorization(Option::Badge | Option::Sound |
                                                       Option::Alert);

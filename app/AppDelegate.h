@@ -4,11 +4,12 @@
 #pragma once
 
 #include "app/KeyMonitors.h"
-#include "platform/IconPress.h"
 #include "platform/Platform.h"
+#include "platform/StatusItem.h"
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -16,8 +17,6 @@ namespace norvane {
 
 class PanelContent;
 class Popover;
-class StatusBar;
-class StatusItem;
 class WindowSystem;
 
 /// The shell around the panel: the status item, its popover, and the keys that reach it.
@@ -28,15 +27,14 @@ class AppDelegate final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the shell stands on; all of it is borrowed.
+    /// What the shell needs of the desktop; the references are borrowed.
     struct Seams {
-        StatusBar &statusBar;
+        std::function<std::unique_ptr<StatusItem>()> makeStatusItem; ///< Never gives null.
         WindowSystem &windowSystem;
         KeyMonitors &keyMonitors;
     };
 
-    /// Does nothing yet.
-    AppDelegate(const Platform &platform, const Seams &seams);
+    AppDelegate(const Platform &platform, Seams seams);
     ~AppDelegate() override;
 
     /// Makes the status item and the hidden popover, then asks for permission to notify, at every
@@ -52,6 +50,10 @@ public:
     void showPopover(const QString &activationToken);
     /// The same, if no part of the desktop shows the icon, so that there is no other way in.
     void showPopoverWithoutHost(const QString &activationToken);
+
+signals:
+    /// The panel cannot be loaded, for this reason, in one line.
+    void panelFailed(const QString &reason);
 
 private:
     void present(const std::optional<IconPress> &press, const QString &activationToken);

@@ -3,16 +3,38 @@
 
 #include "app/NorvaneApp.h"
 
-#include "app/DisplayChoice.h"
+#include "app/AppDelegate.h"
+#include "app/Environment.h"
+#include "app/KeyMonitors.h"
+#include "app/SessionBus.h"
 #include "app/SingleInstance.h"
+#include "panel/DesktopPalette.h"
+#include "panel/Translation.h"
 #include "platform/Platform.h"
 #include "platform/bus/BusNames.h"
+#include "platform/client/DBusNotificationCenter.h"
+#include "platform/session/FolderLock.h"
+#include "platform/session/PortalAppearance.h"
+#include "platform/session/StopSignals.h"
+#include "platform/session/SystemClock.h"
+#include "platform/session/ThreadPoolTasks.h"
+#include "platform/session/XdgFolders.h"
+#include "platform/tray/StatusArea.h"
+#include "platform/windows/WindowSystem.h"
+#include "time/SystemCalendarSource.h"
 
-#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDir>
+#include <QGuiApplication>
 #include <QQuickWindow>
 #include <QTimer>
 
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <tuple>
+
+#include <sys/stat.h>
 
 namespace norvane {
 
@@ -20,72 +42,160 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// The window and the icon wait no longer for the session bus.
+constexpr auto timeForBus = 1s;
+
+/// A Norvane that is ending leaves the bus a little earlier than the folder.
+constexpr auto timeForFolder = 1s;
+
 /// In this time a tray that there is has taken the icon.
 constexpr auto timeToBeHosted = 2s;
 
-/// In a build tree, where nothing is installed, the notifier lies in the folder beside this one.
-QString notifierOfThisTree()
+const QString nameConnection = QStringLiteral("norvane");
+const QString iconConnection = QStringLiteral("norvane-icon");
+
+int fail(const QString &reason)
 {
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/../notifier/norvane-notifier");
+    std::fprintf(stderr, "norvane: %s\n", qUtf8Printable(reason));
+    return EXIT_FAILURE;
+}
+
+/// The notifier's place relative to this program is the same in the build tree and wherever both
+/// are installed. Empty where it is not there.
+QString installedNotifier()
+{
+    const QDir programs{QCoreApplication::applicationDirPath()};
+    const QString path = QDir::cleanPath(programs.filePath(QStringLiteral(NORVANE_NOTIFIER)));
+    return QFile::exists(path) ? path : QString{};
+}
+
+/// Whether another process works on the trials. A folder that cannot be made or locked is nobody's.
+bool isInUseElsewhere(FolderLock &lock, const Folders &folders)
+{
+    const QStringList roots = folders.applicationSupportFolders();
+    if (roots.isEmpty()) {
+        return false;
+    }
+    const QString folder = roots.first() + QStringLiteral("/Norvane");
+    const mode_t former = ::umask(S_IRWXG | S_IRWXO); // What Norvane makes is the user's alone.
+    std::ignore = QDir{folder}.mkpath(QStringLiteral("."));
+    ::umask(former);
+    return lock.take(folder, timeForFolder) == FolderLock::Answer::Held;
+}
+
+/// Who starts programs by clicking does not see standard error.
+void notifyDirectly(const QDBusConnection &bus, const QString &text)
+{
+    constexpr int timeout = 2'000;
+    constexpr int usualExpiry = -1;
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.Notifications"),
+        QStringLiteral("/org/freedesktop/Notifications"),
+        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
+    call << QStringLiteral("Norvane") << 0U << busNames::application << QStringLiteral("Norvane")
+         << text << QStringList{} << QVariantMap{} << usualExpiry;
+    std::ignore = bus.call(call, QDBus::Block, timeout); // There may be no server.
+}
+
+int failAsSecondOfUser(const QDBusConnection &bus)
+{
+    constexpr const char *reason = QT_TRANSLATE_NOOP(
+        "NorvaneApp", "Norvane is already running in another session of this user.");
+    if (bus.isConnected()) {
+        notifyDirectly(bus, QCoreApplication::translate("NorvaneApp", reason));
+    }
+    return fail(QString::fromLatin1(reason));
 }
 
 } // namespace
 
-NorvaneApp::NorvaneApp(int &argc, char **argv)
-    : startRequest_{StartRequest::ofThisProcess()},
-      application_{argc, argv}
+int NorvaneApp::run(int &argc, char **argv)
 {
+    const StartRequest start = StartRequest::ofThisProcess();
+    // Small and quick to start; the panel has nothing for a graphics card to do.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    if (!setDisplayKinds()) {
+        return fail(QStringLiteral("there is no display to show anything on"));
+    }
+    SessionBus sessionBus{timeForBus};
+    QGuiApplication application{argc, argv};
     QGuiApplication::setApplicationName(QStringLiteral("Norvane"));
     QGuiApplication::setDesktopFileName(busNames::application);
     QGuiApplication::setQuitOnLastWindowClosed(false); // The icon stays.
-    QObject::connect(&stopSignals_, &StopSignals::stopRequested, &application_,
+    const StopSignals stopSignals;
+    QObject::connect(&stopSignals, &StopSignals::stopRequested, &application,
                      &QGuiApplication::quit);
-}
+    const Translation translation{QLocale{}};
 
-NorvaneApp::~NorvaneApp() = default;
-
-bool NorvaneApp::prepare()
-{
-    // Small and quick to start; the panel has nothing for a graphics card to do.
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    return DisplayChoice::make();
-}
-
-int NorvaneApp::run()
-{
-    SingleInstance instance{QDBusConnection::sessionBus()};
-    const bool isTheOne =
-        instance.claim() ||
-        (!instance.activateOther(startRequest_.activationToken) && instance.succeedOther());
-    if (!isTheOne) {
+    const QDBusConnection bus = sessionBus.connectAs(nameConnection);
+    bool isEnding = false;
+    SingleInstance instance{[&] { return isEnding || stopSignals.isRequested(); }};
+    if (!instance.isOnlyOne(bus, start.activationToken)) {
         return EXIT_SUCCESS;
     }
-    launch(instance);
-    return QGuiApplication::exec();
-}
-
-void NorvaneApp::launch(const SingleInstance &instance)
-{
-    windowSystem_ = WindowSystem::forThisSession();
-    appearance_.emplace(QDBusConnection::sessionBus());
-    palette_.emplace(*appearance_);
-    notificationCenter_.emplace(notifierOfThisTree());
-    appDelegate_.emplace(Platform{.clock = clock_,
-                                  .calendars = calendars_,
-                                  .folders = folders_,
-                                  .notificationCenter = *notificationCenter_,
-                                  .backgroundTasks = backgroundTasks_},
-                         AppDelegate::Seams{.statusBar = statusBar_,
-                                            .windowSystem = *windowSystem_,
-                                            .keyMonitors = keyMonitors_});
-    appDelegate_->applicationDidFinishLaunching();
-    QObject::connect(&instance, &SingleInstance::activated, &*appDelegate_,
-                     &AppDelegate::showPopover);
-    if (startRequest_.byHand) {
-        QTimer::singleShot(timeToBeHosted, &*appDelegate_, [this] {
-            appDelegate_->showPopoverWithoutHost(startRequest_.activationToken);
-        });
+    const XdgFolders folders;
+    FolderLock lock;
+    if (isInUseElsewhere(lock, folders)) {
+        return failAsSecondOfUser(bus);
     }
+
+    PortalAppearance appearance{bus};
+    const DesktopPalette palette{appearance};
+    const SystemClock clock;
+    const SystemCalendarSource calendars;
+    DBusNotificationCenter notificationCenter{installedNotifier(),
+                                              DBusNotificationCenter::Connect::WhenToldWhere};
+    ThreadPoolTasks backgroundTasks; // They end before the centre that they talk to.
+    const std::unique_ptr<WindowSystem> windowSystem = WindowSystem::forThisSession();
+    KeyMonitors keyMonitors;
+
+    StatusArea *icon = nullptr; // Owned by the delegate.
+    const auto makeStatusItem = [&] {
+        // On a connection of its own, whose end takes the icon away at once.
+        auto area = std::make_unique<StatusArea>(sessionBus.connectAs(iconConnection),
+                                                 StatusArea::legacyProgramOfThisSession());
+        if (sessionBus.isSilent()) {
+            area->expectBus();
+        }
+        icon = area.get();
+        return area;
+    };
+    std::optional<AppDelegate> appDelegate;
+    appDelegate.emplace(Platform{.clock = clock,
+                                 .calendars = calendars,
+                                 .folders = folders,
+                                 .notificationCenter = notificationCenter,
+                                 .backgroundTasks = backgroundTasks},
+                        AppDelegate::Seams{.makeStatusItem = makeStatusItem,
+                                           .windowSystem = *windowSystem,
+                                           .keyMonitors = keyMonitors});
+    appDelegate->applicationDidFinishLaunching();
+    QObject::connect(
+        &*appDelegate, &AppDelegate::panelFailed, &application, [](const QString &reason) {
+            QGuiApplication::exit(fail(QStringLiteral("the panel cannot be loaded: ") + reason));
+        });
+    QObject::connect(&instance, &SingleInstance::activated, &*appDelegate,
+                     &AppDelegate::showPopover);
+    if (start.byHand) {
+        QTimer::singleShot(timeToBeHosted, &*appDelegate,
+                           [&] { appDelegate->showPopoverWithoutHost(start.activationToken); });
+    }
+    if (!sessionBus.isSilent()) {
+        notificationCenter.setBusAddress(sessionBus.address());
+    }
+    QObject::connect(&sessionBus, &SessionBus::answered, &*appDelegate, [&] {
+        instance.takeName(sessionBus.connectAs(nameConnection));
+        icon->useBus(sessionBus.connectAs(iconConnection));
+        notificationCenter.setBusAddress(sessionBus.address());
+    });
+
+    const int status = QGuiApplication::exec();
+    // The centre may take some seconds to end. Nobody has to watch that.
+    isEnding = true;
+    appDelegate.reset();
+    QDBusConnection::disconnectFromBus(iconConnection);
+    QGuiApplication::sync();
+    return status;
 }
 
 } // namespace norvane

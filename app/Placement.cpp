@@ -11,7 +11,7 @@ namespace norvane {
 
 namespace {
 
-constexpr int gap = 4; ///< Between the popover and what it belongs to.
+constexpr int gap = 4; ///< Between the popover and what it belongs to, and to every edge.
 constexpr int usualIcon = 24;
 /// As near to an edge as this, a place is taken to be in a panel that hides itself there.
 constexpr int panelDepth = 64;
@@ -48,7 +48,7 @@ QRect Placement::anchor(const std::optional<QRect> &icon, const std::optional<QP
     return iconAround(inStrip ? *place : pointer);
 }
 
-QPoint Placement::beside(const QRect &anchor) const
+QRect Placement::beside(const QRect &anchor) const
 {
     const QPoint middle = anchor.center();
     const ScreenArea &screen = screenOf(middle);
@@ -60,21 +60,22 @@ QPoint Placement::beside(const QRect &anchor) const
     const int above = inStrip ? screen.work.bottom() + 1 : anchor.top();
     const int rightOf = inStrip ? screen.work.left() : anchor.right() + 1;
     const int leftOf = inStrip ? screen.work.right() + 1 : anchor.left();
-    QPoint corner{middle.x() - size_.width() / 2, middle.y() - size_.height() / 2};
-    const bool roomBelow = below + gap + size_.height() <= screen.work.bottom() + 1;
+    const QSize size = sizeIn(screen.work);
+    QPoint corner{middle.x() - size.width() / 2, middle.y() - size.height() / 2};
+    const bool roomBelow = below + gap + size.height() <= screen.work.bottom() + 1;
     if (edge == Edge::Left) {
         corner.setX(rightOf + gap);
     } else if (edge == Edge::Right) {
-        corner.setX(leftOf - gap - size_.width());
+        corner.setX(leftOf - gap - size.width());
     } else if (edge == Edge::Bottom || (edge == Edge::None && !roomBelow)) {
-        corner.setY(above - gap - size_.height());
+        corner.setY(above - gap - size.height());
     } else {
         corner.setY(below + gap);
     }
     return keptInside(corner, screen.work);
 }
 
-QPoint Placement::withoutAnchor() const
+QRect Placement::withoutAnchor() const
 {
     const auto &[whole, work] = screens_.first();
     const bool panelAtTop = work.top() > whole.top();
@@ -83,9 +84,8 @@ QPoint Placement::withoutAnchor() const
     const bool panelAtRight = work.right() < whole.right();
     const bool atBottom = !panelAtTop && (panelAtBottom || panelAtLeft || panelAtRight);
     const bool atLeft = panelAtLeft && !panelAtRight && !panelAtTop && !panelAtBottom;
-    const QPoint corner{atLeft ? work.left() + gap : work.right() + 1 - gap - size_.width(),
-                        atBottom ? work.bottom() + 1 - gap - size_.height() : work.top() + gap};
-    return keptInside(corner, work);
+    return keptInside({atLeft ? work.left() : work.right(), atBottom ? work.bottom() : work.top()},
+                      work);
 }
 
 bool Placement::isOnScreen(const QRect &anchor) const
@@ -95,12 +95,11 @@ bool Placement::isOnScreen(const QRect &anchor) const
     });
 }
 
-bool Placement::isWhole(const QPoint &corner) const
+bool Placement::isWhole(const QRect &popover) const
 {
-    return std::ranges::any_of(screens_,
-                               [popover = QRect{corner, size_}](const ScreenArea &screen) {
-                                   return screen.work.contains(popover);
-                               });
+    return std::ranges::any_of(screens_, [this, &popover](const ScreenArea &screen) {
+        return screen.work.contains(popover) && popover.size() == sizeIn(screen.work);
+    });
 }
 
 Placement::Edge Placement::stripEdge(const ScreenArea &screen, const QPoint &point)
@@ -135,12 +134,22 @@ const ScreenArea &Placement::screenOf(const QPoint &point) const
         screens_, {}, [&point](const ScreenArea &screen) { return distance(point, screen.whole); });
 }
 
-QPoint Placement::keptInside(const QPoint &corner, const QRect &work) const
+QSize Placement::sizeIn(const QRect &work) const
 {
-    const int right = work.right() + 1 - size_.width();
-    const int bottom = work.bottom() + 1 - size_.height();
-    return {std::max(work.left(), std::min(corner.x(), right)),
-            std::max(work.top(), std::min(corner.y(), bottom))};
+    return {size_.width(), std::min(size_.height(), work.height())};
+}
+
+QRect Placement::keptInside(const QPoint &corner, const QRect &work) const
+{
+    const QSize size = sizeIn(work);
+    // Where there is hardly room, the gap is what is left.
+    const int besideIt = std::clamp((work.width() - size.width()) / 2, 0, gap);
+    const int aboveIt = std::clamp((work.height() - size.height()) / 2, 0, gap);
+    const int right = work.right() + 1 - size.width() - besideIt;
+    const int bottom = work.bottom() + 1 - size.height() - aboveIt;
+    return {QPoint{std::max(work.left() + besideIt, std::min(corner.x(), right)),
+                   std::max(work.top() + aboveIt, std::min(corner.y(), bottom))},
+            size};
 }
 
 } // namespace norvane

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/windows/ScreenArea.h"
+#include "platform/windows/WindowSystem.h"
 
 #include <QList>
 #include <QPoint>
@@ -14,7 +14,8 @@
 
 namespace norvane {
 
-/// Where a popover of one size goes, on screens as they are at the moment.
+/// Where a popover goes that has one size wherever there is room for it, on screens as they are at
+/// the moment.
 ///
 /// Everything is in one and the same kind of pixels. There is at least one screen, and the first
 /// one is the primary screen.
@@ -28,18 +29,18 @@ public:
     [[nodiscard]] QRect anchor(const std::optional<QRect> &icon, const std::optional<QPoint> &place,
                                const QPoint &pointer) const;
 
-    /// The popover's top left corner beside an anchor: centred on it and below it; above it where
-    /// the panel is at the bottom, and at its side where the panel is upright. Always whole inside
-    /// the work area of the anchor's screen.
-    [[nodiscard]] QPoint beside(const QRect &anchor) const;
+    /// The popover beside an anchor: centred on it and below it; above it where the panel is at the
+    /// bottom, and at its side where the panel is upright. Always whole inside the work area of the
+    /// anchor's screen, and no higher than that.
+    [[nodiscard]] QRect beside(const QRect &anchor) const;
 
-    /// The top left corner where there is no icon to open at: by the end of the primary screen's
-    /// panel where icons usually are, or at the top right.
-    [[nodiscard]] QPoint withoutAnchor() const;
+    /// The popover where there is no icon to open at: by the end of the primary screen's panel
+    /// where icons usually are, or at the top right.
+    [[nodiscard]] QRect withoutAnchor() const;
 
     [[nodiscard]] bool isOnScreen(const QRect &anchor) const;
-    /// Whether a popover at this corner lies whole inside a work area.
-    [[nodiscard]] bool isWhole(const QPoint &corner) const;
+    /// Whether a popover that is here lies whole inside a work area, as high as it can be there.
+    [[nodiscard]] bool isWhole(const QRect &popover) const;
 
 private:
     enum class Edge { None, Top, Bottom, Left, Right };
@@ -47,7 +48,8 @@ private:
     [[nodiscard]] static Edge stripEdge(const ScreenArea &screen, const QPoint &point);
     [[nodiscard]] static Edge nearEdge(const ScreenArea &screen, const QRect &anchor);
     [[nodiscard]] const ScreenArea &screenOf(const QPoint &point) const;
-    [[nodiscard]] QPoint keptInside(const QPoint &corner, const QRect &work) const;
+    [[nodiscard]] QSize sizeIn(const QRect &work) const;
+    [[nodiscard]] QRect keptInside(const QPoint &corner, const QRect &work) const;
 
     QList<ScreenArea> screens_;
     QSize size_;

@@ -10,6 +10,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QScreen>
 #include <QtQml/qqmlextensionplugin.h>
@@ -51,18 +52,46 @@ Popover::Popover(PanelContent &content, WindowSystem &windowSystem)
 {
     setTitle(QStringLiteral("Norvane"));
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    setMinimumSize(popoverSize);
-    setMaximumSize(popoverSize);
-    resize(popoverSize);
+    setFixedSize(popoverSize);
     setResizeMode(QQuickView::SizeRootObjectToView);
-    engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    QQmlEngine::setObjectOwnership(&content, QQmlEngine::CppOwnership);
-    setInitialProperties({{QStringLiteral("content"), QVariant::fromValue(&content)}});
-    setSource(QUrl{QStringLiteral("qrc:/qt/qml/org/norvane/shell/PopoverFrame.qml")});
+    load();
     connect(engine(), &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit, Qt::QueuedConnection);
     watchScreens();
-    // A first frame that nobody sees, so that the one at the press finds its pictures and letters.
+    // A first frame that nobody sees loads images and glyphs, so that the one at the press is
+    // quick.
     QMetaObject::invokeMethod(this, &QQuickWindow::grabWindow, Qt::QueuedConnection);
+}
+
+/// Not by setSource(), which writes every error to standard error by itself.
+void Popover::load()
+{
+    const QUrl url{QStringLiteral("qrc:/qt/qml/org/norvane/shell/PopoverFrame.qml")};
+    engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    QQmlEngine::setObjectOwnership(&content_, QQmlEngine::CppOwnership);
+    auto *const component = new QQmlComponent{engine(), url, this};
+    if (component->isLoading()) { // As when a module that is not there was looked for everywhere.
+        connect(component, &QQmlComponent::statusChanged, this,
+                [this, component] { showLoaded(*component); });
+    } else {
+        showLoaded(*component);
+    }
+}
+
+void Popover::showLoaded(QQmlComponent &component)
+{
+    QObject *const frame = component.isReady()
+                               ? component.createWithInitialProperties(
+                                     {{QStringLiteral("content"), QVariant::fromValue(&content_)}})
+                               : nullptr;
+    if (frame != nullptr) {
+        setContent(component.url(), &component, frame);
+        return;
+    }
+    const QList<QQmlError> errors = component.errors();
+    // The last one is the cause of those before.
+    const QString reason = errors.isEmpty() ? QString{} : errors.constLast().description();
+    QMetaObject::invokeMethod(
+        this, [this, reason] { emit failed(reason); }, Qt::QueuedConnection);
 }
 
 void Popover::showBeside(const std::optional<IconPress> &press)
@@ -75,7 +104,7 @@ void Popover::showBeside(const std::optional<IconPress> &press)
     content_.rebuild();
     create();
     windowSystem_.makeAccessory(*this);
-    setPosition(corner(placement));
+    place(placement);
     show();
 }
 
@@ -99,7 +128,7 @@ void Popover::watchScreens()
     // Screens change in several steps, and the window manager has its own say in between.
     screensAtRest_.setSingleShot(true);
     screensAtRest_.setInterval(timeToRest);
-    connect(&screensAtRest_, &QTimer::timeout, this, &Popover::settle);
+    connect(&screensAtRest_, &QTimer::timeout, this, &Popover::bringBackToScreen);
     const auto wait = [this] { screensAtRest_.start(); };
     const auto watch = [this, wait](const QScreen *screen) {
         connect(screen, &QScreen::geometryChanged, this, wait);
@@ -112,19 +141,27 @@ void Popover::watchScreens()
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, wait);
 }
 
-/// Comes back whole into a work area when the screens are no longer what they were.
-void Popover::settle()
+void Popover::bringBackToScreen()
 {
     const Placement placement{windowSystem_.screens(), popoverSize};
-    if (isVisible() && !placement.isWhole(position())) {
-        setPosition(corner(placement));
+    if (isVisible() && !placement.isWhole(geometry())) {
+        place(placement);
     }
 }
 
-QPoint Popover::corner(const Placement &placement) const
+void Popover::place(const Placement &placement)
 {
-    return anchor_ && placement.isOnScreen(*anchor_) ? placement.beside(*anchor_)
-                                                     : placement.withoutAnchor();
+    const QRect where = anchor_ && placement.isOnScreen(*anchor_) ? placement.beside(*anchor_)
+                                                                  : placement.withoutAnchor();
+    setFixedSize(where.size());
+    setPosition(where.topLeft());
+}
+
+void Popover::setFixedSize(const QSize &size)
+{
+    setMinimumSize(size);
+    setMaximumSize(size);
+    resize(size);
 }
 
 } // namespace norvane

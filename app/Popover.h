@@ -3,12 +3,14 @@
 
 #pragma once
 
-#include "platform/IconPress.h"
+#include "platform/StatusItem.h"
 
 #include <QQuickView>
 #include <QTimer>
 
 #include <optional>
+
+class QQmlComponent;
 
 namespace norvane {
 
@@ -33,14 +35,21 @@ public:
     /// Gives it the keyboard, with the token of whoever asked for it, or without.
     void takeKeyboard(const QString &activationToken);
 
+signals:
+    /// There is nothing to show, for this reason, in one line. Comes from the event loop.
+    void failed(const QString &reason);
+
 protected:
     /// Escape closes the popover, unless something in it, such as an alert, closes first.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void load();
+    void showLoaded(QQmlComponent &component);
     void watchScreens();
-    void settle();
-    [[nodiscard]] QPoint corner(const Placement &placement) const;
+    void bringBackToScreen();
+    void place(const Placement &placement);
+    void setFixedSize(const QSize &size);
 
     PanelContent &content_;
     WindowSystem &windowSystem_;

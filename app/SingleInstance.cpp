@@ -4,15 +4,16 @@
 #include "app/SingleInstance.h"
 
 #include "platform/bus/BusNames.h"
+#include "platform/bus/PendingCall.h"
 
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
 #include <QDBusReply>
 #include <QEventLoop>
 #include <QTimer>
 
 #include <chrono>
 #include <cstdlib>
+#include <tuple>
 #include <utility>
 
 namespace norvane {
@@ -21,33 +22,59 @@ namespace {
 
 using namespace std::chrono_literals;
 
-using Registration = QDBusConnectionInterface::RegisterServiceReply;
-
 /// Longer than the end of a Norvane takes.
-constexpr auto patienceWithTheOther = 4s;
+constexpr auto timeToEnd = 4s;
+
+/// In milliseconds, like all time limits of the bus library.
+constexpr int timeToGiveName = 1'000;
+constexpr int timeToOpen = 2'000;
 
 const QString tokenKey = QStringLiteral("activation-token");
 
-} // namespace
+/// What a bus answers to who asks for a name, as far as it is of interest.
+constexpr uint nowOwner = 1;
+constexpr uint alreadyOwner = 4;
 
-SingleInstance::SingleInstance(QDBusConnection bus) : bus_{std::move(bus)} {}
-
-bool SingleInstance::claim()
+bool isOwner(uint answer)
 {
-    if (!bus_.isConnected()) {
-        return true;
-    }
-    // First the object, then the name: who finds the name must find somebody at home.
-    bus_.registerObject(busNames::applicationPath, this, QDBusConnection::ExportAllSlots);
-    const QDBusReply<Registration> answer =
-        bus_.interface()->registerService(busNames::application);
-    // A bus that does not hand out names is as good as none.
-    return !answer.isValid() || answer.value() == QDBusConnectionInterface::ServiceRegistered;
+    return answer == nowOwner || answer == alreadyOwner;
 }
 
-bool SingleInstance::activateOther(const QString &activationToken) const
+} // namespace
+
+SingleInstance::SingleInstance(std::function<bool()> isEnding) : isEnding_{std::move(isEnding)} {}
+
+bool SingleInstance::isOnlyOne(const QDBusConnection &bus, const QString &activationToken)
 {
-    constexpr int patience = 2000;
+    return !bus.isConnected() || requestName(bus) != Name::OfAnother ||
+           (!activateOther(bus, activationToken) && waitForName(bus));
+}
+
+void SingleInstance::takeName(const QDBusConnection &bus)
+{
+    if (bus.isConnected() && requestName(bus) != Name::Taken) {
+        qWarning("The name of Norvane on the session bus cannot be had.");
+    }
+}
+
+SingleInstance::Name SingleInstance::requestName(QDBusConnection bus)
+{
+    // First the object, then the name, so that whoever sees the name can call the object.
+    if (!bus.registerObject(busNames::applicationPath, this, QDBusConnection::ExportAllSlots)) {
+        qWarning("Starting Norvane again will not show its panel.");
+    }
+    constexpr uint doNotQueue = 4;
+    const QDBusReply<uint> answer =
+        bus.call(callToBus(QStringLiteral("RequestName"), {busNames::application, doNotQueue}),
+                 QDBus::Block, timeToGiveName);
+    if (!answer.isValid()) {
+        return Name::Unanswered; // By a bus that does not hand out names, too.
+    }
+    return isOwner(answer.value()) ? Name::Taken : Name::OfAnother;
+}
+
+bool SingleInstance::activateOther(const QDBusConnection &bus, const QString &activationToken)
+{
     QDBusMessage call = QDBusMessage::createMethodCall(
         busNames::application, busNames::applicationPath,
         QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
@@ -56,39 +83,49 @@ bool SingleInstance::activateOther(const QString &activationToken) const
         platformData.insert(tokenKey, activationToken);
     }
     call << platformData;
-    return bus_.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+    return bus.call(call, QDBus::Block, timeToOpen).type() == QDBusMessage::ReplyMessage;
 }
 
-bool SingleInstance::succeedOther()
+bool SingleInstance::waitForName(QDBusConnection bus)
 {
     QEventLoop untilOurs;
-    connect(bus_.interface(), &QDBusConnectionInterface::serviceRegistered, &untilOurs,
+    connect(bus.interface(), &QDBusConnectionInterface::serviceRegistered, &untilOurs,
             [&untilOurs](const QString &name) {
                 if (name == busNames::application) {
                     untilOurs.exit(EXIT_SUCCESS);
                 }
             });
-    QTimer::singleShot(patienceWithTheOther, &untilOurs,
-                       [&untilOurs] { untilOurs.exit(EXIT_FAILURE); });
-    const QDBusReply<Registration> place = bus_.interface()->registerService(
-        busNames::application, QDBusConnectionInterface::QueueService);
+    QTimer::singleShot(timeToEnd, &untilOurs, [&untilOurs] { untilOurs.exit(EXIT_FAILURE); });
+    constexpr uint queue = 0;
+    const QDBusReply<uint> place =
+        bus.call(callToBus(QStringLiteral("RequestName"), {busNames::application, queue}),
+                 QDBus::Block, timeToGiveName);
     const bool isOurs =
-        place.isValid() && (place.value() == QDBusConnectionInterface::ServiceRegistered ||
-                            untilOurs.exec() == EXIT_SUCCESS);
+        place.isValid() && (isOwner(place.value()) || untilOurs.exec() == EXIT_SUCCESS);
     if (!isOurs) {
-        bus_.unregisterService(busNames::application); // The place in the queue.
+        std::ignore = bus.unregisterService(busNames::application); // The place in the queue.
     }
     return isOurs;
 }
 
 void SingleInstance::Activate(const QVariantMap &platformData)
 {
-    emit activated(platformData.value(tokenKey).toString());
+    activate(platformData);
 }
 
 void SingleInstance::Open(const QStringList & /*uris*/, const QVariantMap &platformData)
 {
-    emit activated(platformData.value(tokenKey).toString());
+    activate(platformData);
+}
+
+/// Refused, the next Norvane waits for the end of this one, and then starts.
+void SingleInstance::activate(const QVariantMap &platformData)
+{
+    if (!isEnding_()) {
+        emit activated(platformData.value(tokenKey).toString());
+    } else if (calledFromDBus()) {
+        sendErrorReply(QDBusError::Failed, QStringLiteral("Norvane is about to end"));
+    }
 }
 
 void SingleInstance::ActivateAction(const QString & /*name*/, const QVariantList & /*parameter*/,

@@ -3,13 +3,7 @@
 
 #include "app/NorvaneApp.h"
 
-#include <cstdlib>
-
 int main(int argc, char *argv[])
 {
-    if (!norvane::NorvaneApp::prepare()) {
-        return EXIT_FAILURE;
-    }
-    norvane::NorvaneApp app{argc, argv};
-    return app.run();
+    return norvane::NorvaneApp::run(argc, argv);
 }

@@ -160,7 +160,7 @@ def main() -> int:
     parser.add_argument("--requests", type=int, default=30_000)
     arguments = parser.parse_args()
     build = arguments.build.resolve()
-    os.environ["NORVANE_NOTIFIER"] = str(build / "notifier/norvane-notifier")
+    os.environ["NORVANE_NOTIFIER"] = str(build / "libexec/norvane-notifier")
 
     figures = Figures()
     with tempfile.TemporaryDirectory() as name, PrivateBus(Path(name) / "bus") as bus:

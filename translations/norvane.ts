@@ -113,6 +113,13 @@
     </message>
 </context>
 <context>
+    <name>NorvaneApp</name>
+    <message>
+        <source>Norvane is already running in another session of this user.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>PanelFooter</name>
     <message>
         <source>Add Trial</source>
@@ -131,6 +138,13 @@
     </message>
     <message>
         <source>%lld active</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TrayMenu</name>
+    <message>
+        <source>Open Norvane</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -113,6 +113,13 @@
     </message>
 </context>
 <context>
+    <name>NorvaneApp</name>
+    <message>
+        <source>Norvane is already running in another session of this user.</source>
+        <translation>يعمل Norvane بالفعل في جلسة أخرى لهذا المستخدم.</translation>
+    </message>
+</context>
+<context>
     <name>PanelFooter</name>
     <message>
         <source>Add Trial</source>
@@ -132,6 +139,13 @@
     <message>
         <source>%lld active</source>
         <translation>النشطة: %lld</translation>
+    </message>
+</context>
+<context>
+    <name>TrayMenu</name>
+    <message>
+        <source>Open Norvane</source>
+        <translation>فتح Norvane</translation>
     </message>
 </context>
 <context>

@@ -113,6 +113,13 @@
     </message>
 </context>
 <context>
+    <name>NorvaneApp</name>
+    <message>
+        <source>Norvane is already running in another session of this user.</source>
+        <translation>Norvane läuft bereits in einer anderen Sitzung dieses Benutzers.</translation>
+    </message>
+</context>
+<context>
     <name>PanelFooter</name>
     <message>
         <source>Add Trial</source>
@@ -132,6 +139,13 @@
     <message>
         <source>%lld active</source>
         <translation>%lld aktiv</translation>
+    </message>
+</context>
+<context>
+    <name>TrayMenu</name>
+    <message>
+        <source>Open Norvane</source>
+        <translation>Norvane öffnen</translation>
     </message>
 </context>
 <context>

@@ -17,4 +17,7 @@ inline const QString notificationCenterPath = QStringLiteral("/org/norvane/Notif
 /// The error of a call whose change could not be made durable.
 inline const QString storageError = QStringLiteral("org.norvane.NotificationCenter1.Error.Storage");
 
+/// The longest text that the notification centre takes, in bytes of UTF-8.
+inline constexpr qsizetype longestText = 65'536;
+
 } // namespace norvane::busNames

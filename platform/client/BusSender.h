@@ -4,26 +4,36 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusServiceWatcher>
-#include <QDeadlineTimer>
 #include <QObject>
 #include <QString>
 #include <QTimer>
 #include <QVariantList>
 
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <deque>
 #include <memory>
-#include <vector>
-
-class NotificationCenterProxy;
+#include <optional>
 
 namespace norvane {
 
-/// Sends calls to the notification centre over a session bus connection of its own.
+/// Sends calls to the notification centre over a session bus connection of its own, and keeps each
+/// until it is known to have taken effect.
 ///
-/// Lives on one thread, whose event loop must run. Calls wait while the centre is being started,
-/// because a bus keeps only so many messages for a program on its way up; after that, and also
-/// when it could not be started, they go out in the order in which they came and no answer is
-/// asked for. Without a bus they vanish.
+/// Calls go out in batches, in the order in which they came. An answer to every call would cost the
+/// bus and both ends more than the call itself, so only the last one of a batch asks for one. The
+/// centre handles calls in order, hence that answer confirms the whole batch. When the centre or
+/// the bus goes away before, the same calls are sent again to the next centre, less the adds that
+/// a later call has withdrawn.
+///
+/// Calls wait while the centre is being started, because a bus keeps only so many messages for a
+/// program on its way up. When it cannot be started, they wait until it appears, or until the next
+/// call has it started again. On a machine without a session bus they vanish.
+///
+/// Lives on one thread, whose event loop must run. Only connecting blocks.
 class BusSender final : public QObject {
     Q_OBJECT
 
@@ -32,38 +42,69 @@ public:
         QString method;
         QVariantList arguments;
     };
+    /// Whether the bus is known to be starting the centre; may be read on any thread.
+    using IsStarting = std::shared_ptr<std::atomic<bool>>;
 
-    /// `standIn` is the path of the program to start where none is installed; may be empty.
-    explicit BusSender(QString standIn = {});
+    /// `fallbackProgram` is the notifier to start where the bus cannot start one; may be empty.
+    BusSender(QString fallbackProgram, IsStarting isStarting);
     ~BusSender() override;
 
-    /// Connects at the first call, and has the centre started where it is not known to run.
+    /// Calls are kept until it is said where the bus is; empty for the usual address.
+    void setBusAddress(const QString &address);
     void send(const Call &call);
-    /// Waits for a centre that is being started, sends what still waits, and returns when the bus
-    /// has received everything, or at the deadline.
-    void flush(const QDeadlineTimer &deadline);
+    /// Sends all calls and returns when they are confirmed, when they cannot be sent, or after the
+    /// timeout; after the second one while the centre is known to be starting.
+    void flush(std::chrono::milliseconds timeout, std::chrono::milliseconds timeoutWhileStarting);
 
 signals:
-    /// The centre is up, or will not be.
-    void settled();
+    void stateChanged();
+
+private slots:
+    void busLost(); ///< Called for a signal of the bus library.
 
 private:
-    void connectToBus();
-    void startCenter();
-    [[nodiscard]] bool isUp() const;
-    void startStandIn();
-    void started(bool up);
-    void sendWaiting();
+    enum class State {
+        WithoutBus,   ///< There is no session bus; calls vanish.
+        Disconnected, ///< Not connected yet, or not any more; calls wait.
+        NoCentre,     ///< Nobody owns the centre's name; calls wait.
+        Starting,     ///< The centre is being started; calls wait.
+        Ready,        ///< The centre has confirmed everything that it was sent.
+        Confirming,   ///< The centre was sent a batch that it has not confirmed.
+    };
 
-    const QString standIn_;
-    const QString connectionName_; ///< Its own: under one name all get the same connection.
-    std::unique_ptr<NotificationCenterProxy> proxy_; ///< None until the first call, or without bus.
-    std::unique_ptr<QDBusServiceWatcher> watcher_;
-    std::vector<Call> waiting_;
-    QTimer patience_; ///< Runs while the stand-in has not taken the name.
-    bool triedToConnect_ = false;
-    bool starting_ = false;
-    bool ready_ = false; ///< Calls may go out at once.
+    /// Takes the next step that the state allows.
+    void advance();
+    void enter(State state);
+    void retryLater();
+
+    void connectToBus();
+    void disconnectFromBus();
+    void startCentre();
+    void bringUpFallback(const QDBusError &error);
+    void centreAppeared();
+    void centreGone();
+    void centreDoesNotStart(const QString &reason);
+    void sendBatch(std::size_t most);
+    void confirmed();
+    void takeBackUnconfirmed();
+
+    /// Runs a handler with the finished call, unless the state has changed by then.
+    template <typename Handler>
+    void whenAnswered(const QDBusMessage &call, Handler handler);
+
+    const QString fallbackProgram_;
+    const IsStarting isStarting_;
+    State state_ = State::Disconnected;
+    int transitions_ = 0; ///< Counts the changes of the state.
+    std::optional<QString> address_;
+    std::optional<QDBusConnection> bus_;
+    std::unique_ptr<QDBusServiceWatcher> owners_;
+    std::deque<Call> unconfirmed_; ///< Sent.
+    std::deque<Call> waiting_;     ///< Not sent.
+    QTimer nextStep_;
+    QTimer startTimeout_; ///< Runs while the fallback program has not taken the name.
+    std::chrono::milliseconds pause_{0};
+    bool hasReported_ = false;
 };
 
 } // namespace norvane

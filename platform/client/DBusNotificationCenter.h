@@ -8,6 +8,7 @@
 #include <QThread>
 #include <QVariantList>
 
+#include <atomic>
 #include <memory>
 
 namespace norvane {
@@ -16,14 +17,21 @@ class BusSender;
 
 /// The notification centre as a client of org.norvane.NotificationCenter on the session bus.
 ///
-/// Works on a thread of its own, so that neither connecting nor a stuck bus ever holds up the
-/// caller; no bus or no service means silence. Its end waits until the bus has what was handed
-/// over, a second at most.
+/// Works on a thread of its own, so that neither connecting nor a bus that hangs ever holds up the
+/// caller; no bus or no service means silence. Requests that the contract refuses are not sent.
+/// Destroying it waits until the centre has confirmed what was handed over: a second at most, or
+/// five while the centre is known to be starting.
 class DBusNotificationCenter final : public NotificationCenter {
 public:
-    /// `standIn` is started where no notification centre is installed; may be empty.
-    explicit DBusNotificationCenter(const QString &standIn = {});
+    enum class Connect { AtOnce, WhenToldWhere };
+
+    /// `fallbackProgram` is the notifier to start where the bus cannot start one; may be empty.
+    explicit DBusNotificationCenter(const QString &fallbackProgram = {},
+                                    Connect connect = Connect::AtOnce);
     ~DBusNotificationCenter() override;
+
+    /// Where the session bus is, for WhenToldWhere: until then, calls are kept.
+    void setBusAddress(const QString &address);
 
     void requestAuthorization(Options options) override;
     void addNotificationRequest(const NotificationRequest &request) override;
@@ -33,6 +41,7 @@ public:
 private:
     void post(const QString &method, const QVariantList &arguments);
 
+    std::shared_ptr<std::atomic<bool>> isStarting_;
     std::unique_ptr<QThread> thread_;
     std::unique_ptr<BusSender> sender_; ///< Lives on the thread.
 };

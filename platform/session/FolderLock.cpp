@@ -28,7 +28,7 @@ FolderLock::~FolderLock()
     }
 }
 
-FolderLock::Answer FolderLock::take(const QString &folder, std::chrono::milliseconds patience)
+FolderLock::Answer FolderLock::take(const QString &folder, std::chrono::milliseconds timeout)
 {
     if (descriptor_ >= 0) {
         return Answer::Taken;
@@ -38,7 +38,7 @@ FolderLock::Answer FolderLock::take(const QString &folder, std::chrono::millisec
     if (descriptor < 0) {
         return Answer::NoFolder;
     }
-    const QDeadlineTimer deadline{patience};
+    const QDeadlineTimer deadline{timeout};
     // Any other error is a file system without locks: then there is nobody to wait for.
     while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         if (deadline.hasExpired()) {

@@ -20,9 +20,9 @@ public:
     FolderLock &operator=(const FolderLock &) = delete;
     ~FolderLock();
 
-    /// Blocks as long as another process holds it, but no longer than `patience`. Once taken, it is
+    /// Blocks as long as another process holds it, but no longer than `timeout`. Once taken, it is
     /// kept.
-    [[nodiscard]] Answer take(const QString &folder, std::chrono::milliseconds patience);
+    [[nodiscard]] Answer take(const QString &folder, std::chrono::milliseconds timeout);
 
 private:
     int descriptor_ = -1; ///< Of the folder, while the lock is held.

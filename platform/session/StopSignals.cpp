@@ -10,6 +10,7 @@
 #include <utility>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 namespace norvane {
@@ -18,10 +19,10 @@ namespace {
 
 constexpr std::array<int, 3> stopping{SIGTERM, SIGINT, SIGHUP};
 
-/// The pipe between the handler, which may do next to nothing, and the event loop.
+/// The pipe from the signal handler, which may do hardly more than write(2), to the event loop.
 std::array<int, 2> pipeEnds{-1, -1}; // NOLINT(*-avoid-non-const-global-variables)
 
-void passOn(int /*signal*/)
+void writeToPipe(int /*signal*/)
 {
     const int interrupted = errno; // Whatever was interrupted may be about to look at it.
     const char byte = 0;
@@ -40,10 +41,11 @@ StopSignals::StopSignals()
     connect(&*received_, &QSocketNotifier::activated, this, [this] {
         std::array<char, 16> bytes{};
         std::ignore = ::read(pipeEnds[0], bytes.data(), bytes.size());
+        isReported_ = true;
         emit stopRequested();
     });
     struct sigaction action = {};
-    action.sa_handler = passOn;
+    action.sa_handler = writeToPipe;
     action.sa_flags = SA_RESTART;
     for (const int signal : stopping) {
         struct sigaction former = {};
@@ -63,6 +65,12 @@ StopSignals::~StopSignals()
     received_.reset();
     ::close(pipeEnds[0]);
     ::close(pipeEnds[1]);
+}
+
+bool StopSignals::isRequested() const
+{
+    pollfd readable{.fd = pipeEnds[0], .events = POLLIN, .revents = 0};
+    return isReported_ || ::poll(&readable, 1, 0) > 0;
 }
 
 } // namespace norvane

@@ -23,11 +23,15 @@ public:
     StopSignals();
     ~StopSignals() override;
 
+    /// Whether a signal has arrived, reported or not.
+    [[nodiscard]] bool isRequested() const;
+
 signals:
     void stopRequested();
 
 private:
     std::optional<QSocketNotifier> received_;
+    bool isReported_ = false;
     QList<int> taken_; ///< The signals that were not ignored.
 };
 

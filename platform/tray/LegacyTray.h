@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/IconPress.h"
+#include "platform/StatusItem.h"
 #include "platform/tray/X11TrayWatch.h"
 
 #include <QObject>

@@ -3,31 +3,49 @@
 
 #include "platform/tray/StatusArea.h"
 
+#include <QDir>
+#include <QGuiApplication>
+
 #include <utility>
 
 namespace norvane {
 
 StatusArea::StatusArea(const QDBusConnection &bus, QString legacyProgram)
-    : bus_{bus},
-      legacyProgram_{std::move(legacyProgram)},
-      item_{bus},
-      watcher_{bus}
+    : legacyProgram_{std::move(legacyProgram)}
 {
-    connect(&item_, &StatusNotifierItem::pressed, this, &StatusItem::pressed);
-    connect(&item_, &StatusNotifierItem::openRequested, this, &StatusItem::openRequested);
-    connect(&watcher_, &WatcherLink::changed, this, &StatusArea::choose);
-    watcher_.start();
+    useBus(bus);
+}
+
+QString StatusArea::legacyProgramOfThisSession()
+{
+    if (QGuiApplication::platformName() != u"xcb") {
+        return {};
+    }
+    const QDir programs{QGuiApplication::applicationDirPath()};
+    return QDir::cleanPath(programs.filePath(QStringLiteral(NORVANE_LEGACY_TRAY)));
+}
+
+void StatusArea::useBus(const QDBusConnection &bus)
+{
+    isBusExpected_ = bus.isConnected();
+    onBus_.emplace(bus);
+    connect(&onBus_->item, &StatusNotifierItem::pressed, this, &StatusItem::pressed);
+    connect(&onBus_->item, &StatusNotifierItem::openRequested, this, &StatusItem::openRequested);
+    connect(&onBus_->watcher, &WatcherLink::changed, this, &StatusArea::choose);
+    onBus_->item.setImage(iconName_, description_);
+    onBus_->watcher.start();
 }
 
 bool StatusArea::hasButton() const
 {
-    return bus_.isConnected() || !legacyProgram_.isEmpty();
+    return isBusExpected_ || !legacyProgram_.isEmpty();
 }
 
 void StatusArea::setImage(const QString &iconName, const QString &accessibilityDescription)
 {
     iconName_ = iconName;
-    item_.setImage(iconName, accessibilityDescription);
+    description_ = accessibilityDescription;
+    onBus_->item.setImage(iconName, accessibilityDescription);
     if (legacyTray_) {
         legacyTray_->setIconName(iconName);
     }
@@ -35,13 +53,12 @@ void StatusArea::setImage(const QString &iconName, const QString &accessibilityD
 
 bool StatusArea::isHosted() const
 {
-    return watcher_.hasHost() || (legacyTray_ && legacyTray_->isShown());
+    return onBus_->watcher.hasHost() || (legacyTray_ && legacyTray_->isShown());
 }
 
 void StatusArea::choose()
 {
-    const bool wanted = watcher_.isDecided() && !watcher_.isPresent() && !legacyProgram_.isEmpty();
-    if (!wanted) {
+    if (!onBus_->watcher.isAbsent() || legacyProgram_.isEmpty()) {
         legacyTray_.reset();
     } else if (!legacyTray_) {
         legacyTray_ = std::make_unique<LegacyTray>(legacyProgram_);

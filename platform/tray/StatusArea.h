@@ -11,6 +11,7 @@
 #include <QDBusConnection>
 
 #include <memory>
+#include <optional>
 
 namespace norvane {
 
@@ -26,18 +27,35 @@ public:
     /// `legacyProgram` is the process that shows the icon in an X11 tray; empty for never.
     StatusArea(const QDBusConnection &bus, QString legacyProgram);
 
+    /// The process for X11 trays that belongs to this program; empty where the display is another
+    /// one than X11. Needs the application object.
+    [[nodiscard]] static QString legacyProgramOfThisSession();
+
+    /// Says that there may be a bus later, so that there is a button before.
+    void expectBus() { isBusExpected_ = true; }
+    /// Goes on with another bus.
+    void useBus(const QDBusConnection &bus);
+
     [[nodiscard]] bool hasButton() const override;
     void setImage(const QString &iconName, const QString &accessibilityDescription) override;
     [[nodiscard]] bool isHosted() const override;
 
 private:
+    /// What belongs to one bus.
+    struct OnBus {
+        StatusNotifierItem item;
+        WatcherLink watcher;
+
+        explicit OnBus(const QDBusConnection &bus) : item{bus}, watcher{bus} {}
+    };
+
     void choose();
 
-    QDBusConnection bus_;
     QString legacyProgram_;
-    StatusNotifierItem item_;
-    WatcherLink watcher_;
     QString iconName_;
+    QString description_;
+    bool isBusExpected_ = false;
+    std::optional<OnBus> onBus_;             ///< Always there after the construction.
     std::unique_ptr<LegacyTray> legacyTray_; ///< Only while there is no watcher.
 };
 

@@ -24,7 +24,10 @@ StatusNotifierItem::StatusNotifierItem(const QDBusConnection &bus) : bus_{bus}, 
     qDBusRegisterMetaType<norvane::IconPixmapList>();
     qDBusRegisterMetaType<norvane::ToolTip>();
     new StatusNotifierItemAdaptor{this}; // Owned by this object.
-    bus_.registerObject(itemPath, this, QDBusConnection::ExportAdaptors);
+    if (bus_.isConnected() &&
+        !bus_.registerObject(itemPath, this, QDBusConnection::ExportAdaptors)) {
+        qWarning("The icon cannot be put on the session bus.");
+    }
     connect(&menu_, &TrayMenu::openChosen, this,
             [this] { emit openRequested(pressAt(std::nullopt)); });
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/IconPress.h"
+#include "platform/StatusItem.h"
 #include "platform/tray/IconPixmap.h"
 #include "platform/tray/ToolTip.h"
 #include "platform/tray/TrayMenu.h"

@@ -31,7 +31,8 @@ QVariantMap properties(int id, const QStringList &names)
     if (id == root) {
         all.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
     } else {
-        all.insert(QStringLiteral("label"), TrayMenu::tr("Open Norvane"));
+        all.insert(QStringLiteral("label"),
+                   QCoreApplication::translate("TrayMenu", "Open Norvane"));
         all.insert(QStringLiteral("enabled"), true);
         all.insert(QStringLiteral("visible"), true);
     }
@@ -49,7 +50,9 @@ TrayMenu::TrayMenu(QDBusConnection bus) : bus_{std::move(bus)}
 {
     registerMenuTypes();
     new TrayMenuAdaptor{this}; // Owned by this object.
-    bus_.registerObject(path(), this, QDBusConnection::ExportAdaptors);
+    if (bus_.isConnected() && !bus_.registerObject(path(), this, QDBusConnection::ExportAdaptors)) {
+        qWarning("The menu of the icon cannot be put on the session bus.");
+    }
 }
 
 TrayMenu::~TrayMenu()

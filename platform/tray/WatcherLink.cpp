@@ -3,8 +3,8 @@
 
 #include "platform/tray/WatcherLink.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
+#include "platform/bus/PendingCall.h"
+
 #include <QDBusPendingReply>
 
 #include <chrono>
@@ -20,6 +20,7 @@ const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 constexpr int attempts = 10;
 constexpr auto pauseBetweenAttempts = 500ms;
+constexpr int timeout = 25'000; // In milliseconds; what does not answer is asked again.
 
 } // namespace
 
@@ -35,72 +36,68 @@ WatcherLink::WatcherLink(const QDBusConnection &bus)
 void WatcherLink::start()
 {
     if (!bus_.isConnected()) {
-        decided_ = true;
-        emit changed();
+        enter(State::Absent);
         return;
     }
-    registerItem(); // The icon need not wait until it is known who will show it.
     connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &owner) {
-                isAsked_ = false;
-                hasHost_ = false;
-                setOwner(owner);
-            });
-    bus_.connect(watcherName, watcherPath, watcherName,
-                 QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(hostRegistered()));
-    bus_.connect(watcherName, watcherPath, watcherName,
-                 QStringLiteral("StatusNotifierHostUnregistered"), this, SLOT(hostUnregistered()));
+            [this](const QString &, const QString &, const QString &owner) { setOwner(owner); });
+    const bool hearsOfHosts = bus_.connect(watcherName, watcherPath, watcherName,
+                                           QStringLiteral("StatusNotifierHostRegistered"), this,
+                                           SLOT(hostRegistered())) &&
+                              bus_.connect(watcherName, watcherPath, watcherName,
+                                           QStringLiteral("StatusNotifierHostUnregistered"), this,
+                                           SLOT(hostUnregistered()));
+    if (!hearsOfHosts) {
+        qWarning("A panel that starts later may not show the icon.");
+    }
+    callLater(bus_, callToBus(QStringLiteral("GetNameOwner"), {watcherName}), this,
+              [this](const QDBusPendingReply<QString> &owner) {
+                  if (state_ == State::Unknown) { // Otherwise a change has been told since.
+                      setOwner(owner.isError() ? QString{} : owner.value());
+                  }
+              });
+}
 
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
-    question << watcherName;
-    auto *const answer = new QDBusPendingCallWatcher{bus_.asyncCall(question), this};
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        if (!decided_) { // Otherwise a change has been told since, and that is newer.
-            const QDBusPendingReply<QString> owner = *answer;
-            setOwner(owner.isError() ? QString{} : owner.value());
-        }
-    });
+void WatcherLink::enter(State state)
+{
+    state_ = state;
+    emit changed();
 }
 
 void WatcherLink::setOwner(const QString &owner)
 {
-    decided_ = true;
-    present_ = !owner.isEmpty();
     retry_.stop();
+    ++registrations_;
     attemptsLeft_ = attempts;
-    if (present_ && !isAsked_) {
+    if (owner.isEmpty()) {
+        enter(State::Absent);
+    } else {
+        enter(State::Registering);
         registerItem();
     }
-    emit changed();
 }
 
 void WatcherLink::registerItem()
 {
-    isAsked_ = true;
-    const int round = ++round_;
+    const int registration = ++registrations_;
     --attemptsLeft_;
     QDBusMessage call = QDBusMessage::createMethodCall(
         watcherName, watcherPath, watcherName, QStringLiteral("RegisterStatusNotifierItem"));
     call.setAutoStartService(false);
     call << bus_.baseService(); // Owning a name for each item is refused in sandboxes.
-    auto *const reply = new QDBusPendingCallWatcher{bus_.asyncCall(call), this};
-    connect(reply, &QDBusPendingCallWatcher::finished, this, [this, reply, round] {
-        reply->deleteLater();
-        if (round != round_) {
-            return; // Of a watcher that is gone, or overtaken.
-        }
-        if (!reply->isError()) {
-            askForHost();
-            return;
-        }
-        isAsked_ = false;
-        if (present_ && attemptsLeft_ > 0) {
-            retry_.start();
-        }
-    });
+    callLater(
+        bus_, call, this,
+        [this, registration](const QDBusPendingCall &answer) {
+            if (registration != registrations_) {
+                return; // Of a watcher that is gone, or overtaken.
+            }
+            if (!answer.isError()) {
+                askForHost();
+            } else if (attemptsLeft_ > 0) {
+                retry_.start();
+            }
+        },
+        timeout);
 }
 
 void WatcherLink::askForHost()
@@ -110,15 +107,12 @@ void WatcherLink::askForHost()
         QStringLiteral("Get"));
     question.setAutoStartService(false);
     question << watcherName << QStringLiteral("IsStatusNotifierHostRegistered");
-    auto *const answer = new QDBusPendingCallWatcher{bus_.asyncCall(question), this};
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        const QDBusPendingReply<QVariant> registered = *answer;
-        if (!registered.isError()) {
-            hasHost_ = registered.value().toBool();
-            emit changed();
-        }
-    });
+    callLater(bus_, question, this,
+              [this, registration = registrations_](const QDBusPendingReply<QVariant> &hasHost) {
+                  if (registration == registrations_ && !hasHost.isError()) {
+                      enter(hasHost.value().toBool() ? State::Hosted : State::Registered);
+                  }
+              });
 }
 
 void WatcherLink::hostRegistered()

@@ -24,12 +24,10 @@ public:
     /// Starts to look. The object of the item must be on the bus by now.
     void start();
 
-    /// Whether it is known if there is a watcher; shortly after the start it is.
-    [[nodiscard]] bool isDecided() const noexcept { return decided_; }
-    /// Whether there is a watcher.
-    [[nodiscard]] bool isPresent() const noexcept { return present_; }
+    /// Whether it is known that there is no watcher.
+    [[nodiscard]] bool isAbsent() const noexcept { return state_ == State::Absent; }
     /// Whether there is a watcher that has a host.
-    [[nodiscard]] bool hasHost() const noexcept { return present_ && hasHost_; }
+    [[nodiscard]] bool hasHost() const noexcept { return state_ == State::Hosted; }
 
 signals:
     /// One of the answers above may have changed.
@@ -40,19 +38,25 @@ private slots: // Targets of signals from the bus.
     void hostUnregistered();
 
 private:
+    enum class State {
+        Unknown,     ///< It is not known whether there is a watcher.
+        Absent,      ///< There is none.
+        Registering, ///< There is one that has not taken the item yet, or has refused it.
+        Registered,  ///< It has taken the item, and has no host to show it.
+        Hosted,      ///< It has a host.
+    };
+
+    void enter(State state);
     void setOwner(const QString &owner);
     void registerItem();
     void askForHost();
 
     QDBusConnection bus_;
     QDBusServiceWatcher owners_;
+    State state_ = State::Unknown;
     QTimer retry_;
-    int attemptsLeft_ = 0; ///< A watcher may own its name before it can answer.
-    int round_ = 0;        ///< Counts the registrations.
-    bool isAsked_ = false; ///< This owner was asked to take the item, and has not refused.
-    bool decided_ = false;
-    bool present_ = false;
-    bool hasHost_ = false;
+    int attemptsLeft_ = 0;  ///< A watcher may own its name before it can answer.
+    int registrations_ = 0; ///< Only the answer to the last one counts.
 };
 
 } // namespace norvane

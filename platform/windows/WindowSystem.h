@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "platform/windows/ScreenArea.h"
 #include "platform/windows/Struts.h"
 
 #include <QList>
@@ -16,6 +15,14 @@
 class QWindow;
 
 namespace norvane {
+
+/// A screen and what its panels leave of it, in one and the same kind of pixels.
+struct ScreenArea {
+    QRect whole;
+    QRect work; ///< Inside `whole`.
+
+    bool operator==(const ScreenArea &) const = default;
+};
 
 /// What the shell asks of the window system. This one is for where Qt's own means are all there
 /// is, as on Wayland; forThisSession() finds the right one.

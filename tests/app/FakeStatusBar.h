@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include "platform/StatusBar.h"
 #include "platform/StatusItem.h"
 
 #include <QStringList>
+
+#include <memory>
 
 namespace norvane {
 
@@ -35,9 +36,9 @@ private:
 };
 
 /// Hands out one fake item, and keeps a hand on it.
-class FakeStatusBar final : public StatusBar {
+class FakeStatusBar final {
 public:
-    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem() override
+    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem()
     {
         auto made = std::make_unique<FakeStatusItem>(hasButton_);
         item_ = made.get();

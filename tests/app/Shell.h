@@ -28,9 +28,11 @@ struct Shell {
 
     Shell()
     {
-        delegate.emplace(platform.all(), AppDelegate::Seams{.statusBar = statusBar,
-                                                            .windowSystem = windowSystem,
-                                                            .keyMonitors = keyMonitors});
+        delegate.emplace(
+            platform.all(),
+            AppDelegate::Seams{.makeStatusItem = [this] { return statusBar.makeStatusItem(); },
+                               .windowSystem = windowSystem,
+                               .keyMonitors = keyMonitors});
     }
 
     void launch() { delegate->applicationDidFinishLaunching(); }

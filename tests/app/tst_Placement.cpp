@@ -27,7 +27,7 @@ ScreenArea panelAtBottom()
 QPoint cornerFor(const ScreenArea &screen, const QPoint &place)
 {
     const Placement placement{{screen}, popover};
-    return placement.beside(placement.anchor(std::nullopt, place, QPoint{640, 400}));
+    return placement.beside(placement.anchor(std::nullopt, place, QPoint{640, 400})).topLeft();
 }
 
 } // namespace
@@ -62,20 +62,23 @@ private slots:
         QVERIFY2((found - corner).manhattanLength() <= 2, qPrintable(QDebug::toString(found)));
     }
 
-    void staysWholeInsideTheWorkArea_data()
+    void keepsTheSameDistanceFromBothEdgesAtACorner_data()
     {
+        QTest::addColumn<ScreenArea>("screen");
         QTest::addColumn<QPoint>("place");
-        QTest::newRow("icon at the left end") << QPoint{2, 15};
-        QTest::newRow("icon at the right end") << QPoint{1278, 15};
-        QTest::newRow("last pixel of the screen") << QPoint{1279, 0};
+        QTest::addColumn<QPoint>("corner");
+        QTest::newRow("top left") << panelAtTop() << QPoint{2, 15} << QPoint{4, 34};
+        QTest::newRow("top right") << panelAtTop() << QPoint{1278, 15} << QPoint{916, 34};
+        QTest::newRow("last pixel") << panelAtTop() << QPoint{1279, 0} << QPoint{916, 34};
+        QTest::newRow("bottom left") << panelAtBottom() << QPoint{2, 785} << QPoint{4, 346};
+        QTest::newRow("bottom right") << panelAtBottom() << QPoint{1278, 785} << QPoint{916, 346};
     }
-    void staysWholeInsideTheWorkArea()
+    void keepsTheSameDistanceFromBothEdgesAtACorner()
     {
+        QFETCH(const ScreenArea, screen);
         QFETCH(const QPoint, place);
 
-        const QPoint corner = cornerFor(panelAtTop(), place);
-
-        QVERIFY(panelAtTop().work.contains(QRect(corner, popover)));
+        QTEST(cornerFor(screen, place), "corner");
     }
 
     void staysOnTheScreenOfTheIcon()
@@ -85,10 +88,10 @@ private slots:
                                .work = whole.translated(1280, 0).adjusted(0, 0, 0, -30)};
         const Placement placement{{left, right}, popover};
 
-        const QPoint corner =
+        const QRect found =
             placement.beside(placement.anchor(std::nullopt, QPoint{1290, 790}, QPoint{5, 5}));
 
-        QCOMPARE(corner, QPoint(1280, 346));
+        QCOMPARE(found.topLeft(), QPoint(1284, 346));
     }
 
     void aPlaceOutsideEveryStripGivesWayToThePointer()
@@ -142,10 +145,11 @@ private slots:
         QFETCH(const QPoint, corner);
         const Placement placement{{{.whole = whole, .work = whole}}, popover};
 
-        const QPoint found = placement.beside(icon);
+        const QRect found = placement.beside(icon);
 
-        QVERIFY2((found - corner).manhattanLength() <= 2, qPrintable(QDebug::toString(found)));
-        QVERIFY(!QRect(found, popover).intersects(icon));
+        QVERIFY2((found.topLeft() - corner).manhattanLength() <= 2,
+                 qPrintable(QDebug::toString(found)));
+        QVERIFY(!found.intersects(icon));
     }
 
     void inTheMiddleOfAScreenItHangsBelowOrWhereThereIsRoom_data()
@@ -161,13 +165,32 @@ private slots:
         QFETCH(const bool, below);
         const Placement placement{{{.whole = whole, .work = whole}}, popover};
 
-        const QRect found{placement.beside(anchor), popover};
+        const QRect found = placement.beside(anchor);
 
         QCOMPARE(found.top() > anchor.bottom(), below);
         QCOMPARE(found.bottom() < anchor.top(), !below);
     }
 
-    void aWorkAreaSmallerThanThePopoverShowsItsTopLeft()
+    void isAsHighAsAWorkAreaThatIsLower_data()
+    {
+        QTest::addColumn<int>("height");
+        QTest::addColumn<QRect>("geometry");
+        QTest::newRow("lower") << 300 << QRect{436, 30, 360, 300};
+        QTest::newRow("a pixel lower") << 419 << QRect{436, 30, 360, 419};
+        QTest::newRow("just as high") << 420 << QRect{436, 30, 360, 420};
+        QTest::newRow("a little higher") << 424 << QRect{436, 32, 360, 420};
+        QTest::newRow("with room for the gaps") << 428 << QRect{436, 34, 360, 420};
+    }
+    void isAsHighAsAWorkAreaThatIsLower()
+    {
+        QFETCH(const int, height);
+        const ScreenArea low{.whole = {0, 0, 800, height + 30}, .work = {0, 30, 800, height}};
+        const Placement placement{{low}, popover};
+
+        QTEST(placement.beside(QRect{770, 5, 20, 20}), "geometry");
+    }
+
+    void aWorkAreaNarrowerThanThePopoverShowsItsLeft()
     {
         const ScreenArea small{.whole = {0, 0, 300, 300}, .work = {0, 30, 300, 270}};
 
@@ -190,16 +213,17 @@ private slots:
         QFETCH(const QPoint, corner);
         const Placement placement{{{.whole = whole, .work = work}}, popover};
 
-        QCOMPARE(placement.withoutAnchor(), corner);
+        QCOMPARE(placement.withoutAnchor(), QRect(corner, popover));
     }
 
     void knowsWhenAnUnpluggedScreenTookThePopoverAlong()
     {
         const Placement placement{{panelAtTop()}, popover};
 
-        QVERIFY(placement.isWhole({100, 40}));
-        QVERIFY(!placement.isWhole({1400, 40}));
-        QVERIFY(!placement.isWhole({1000, 40}));
+        QVERIFY(placement.isWhole({{100, 40}, popover}));
+        QVERIFY(!placement.isWhole({{1400, 40}, popover}));
+        QVERIFY(!placement.isWhole({{1000, 40}, popover}));
+        QVERIFY(!placement.isWhole({{100, 40}, QSize{360, 300}})); // It can be higher again.
         QVERIFY(!placement.isOnScreen(QRect{1500, 4, 24, 24}));
     }
 };

@@ -5,6 +5,7 @@
 #include "tests/support/PrivateSessionBus.h"
 #include "tests/support/TestProgram.h"
 
+#include <QElapsedTimer>
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
@@ -36,62 +37,65 @@ private slots:
         QDBusConnection::disconnectFromBus(QStringLiteral("another"));
     }
 
-    void theFirstOneIsTheOne()
+    void theFirstOneIsTheOnlyOne()
     {
-        SingleInstance first{QDBusConnection::sessionBus()};
+        SingleInstance first;
 
-        QVERIFY(first.claim());
-    }
-
-    void theSecondOneIsNot()
-    {
-        SingleInstance first{QDBusConnection::sessionBus()};
-        QVERIFY(first.claim());
-
-        SingleInstance second{another()};
-
-        QVERIFY(!second.claim());
+        QVERIFY(first.isOnlyOne(QDBusConnection::sessionBus(), {}));
     }
 
     void theSecondOneAsksTheFirstAndHandsOnItsToken()
     {
-        SingleInstance first{QDBusConnection::sessionBus()};
-        QVERIFY(first.claim());
+        SingleInstance first;
+        QVERIFY(first.isOnlyOne(QDBusConnection::sessionBus(), {}));
         QSignalSpy activated{&first, &SingleInstance::activated};
 
-        bool answered = false;
+        bool isOnlyOne = true;
         {
-            std::thread second{[&answered] {
-                answered = SingleInstance{another()}.activateOther(QStringLiteral("token"));
+            std::thread second{[&isOnlyOne] {
+                isOnlyOne = SingleInstance{}.isOnlyOne(another(), QStringLiteral("token"));
             }};
             const auto joined = qScopeGuard([&second] { second.join(); });
             QTRY_COMPARE(activated.count(), 1);
         }
 
-        QVERIFY(answered);
+        QVERIFY(!isOnlyOne);
         QCOMPARE(activated.takeFirst().value(0).toString(), QStringLiteral("token"));
     }
 
-    /// It keeps its name until its process ends, but nobody is at home any more.
+    /// It keeps its name until its process ends, but does not answer any more.
     void oneThatIsEndingIsSucceeded()
     {
         QVERIFY(
             QDBusConnection::sessionBus().registerService(QStringLiteral("org.norvane.Norvane")));
-        SingleInstance next{another()};
-        QVERIFY(!next.claim());
-        QVERIFY(!next.activateOther({}));
+        SingleInstance next;
 
         QTimer::singleShot(0, this, &TestSingleInstance::endTheFirst);
 
-        QVERIFY(next.succeedOther());
+        QVERIFY(next.isOnlyOne(another(), {}));
     }
 
-    void withoutABusEveryStartIsTheFirst()
+    void withoutABusEveryStartIsTheOnlyOne()
     {
         const QDBusConnection none{QStringLiteral("there is no such connection")};
 
-        QVERIFY(SingleInstance{none}.claim());
-        QVERIFY(SingleInstance{none}.claim());
+        QVERIFY(SingleInstance{}.isOnlyOne(none, {}));
+        QVERIFY(SingleInstance{}.isOnlyOne(none, {}));
+    }
+
+    void aBusThatSaysNothingIsWaitedForNoLongerThanASecond()
+    {
+        const QDBusConnection bus = another();
+        SingleInstance first;
+        QElapsedTimer timer;
+        timer.start();
+
+        sessionBus_.suspend();
+        const bool isOnlyOne = first.isOnlyOne(bus, {});
+        sessionBus_.resume();
+
+        QVERIFY(isOnlyOne);
+        QVERIFY2(timer.elapsed() < 1'500, qPrintable(QString::number(timer.elapsed())));
     }
 };
 

@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Norvane authors
 // SPDX-License-Identifier: MIT
 
-#include "app/DisplayChoice.h"
-#include "app/FormatLocale.h"
-#include "app/StartRequest.h"
+#include "app/Environment.h"
 #include "platform/session/StopSignals.h"
 #include "tests/support/TestProgram.h"
 
@@ -34,14 +32,14 @@ private slots:
         QFETCH(const bool, wayland);
         QFETCH(const QByteArray, platforms);
 
-        QCOMPARE(DisplayChoice::platforms(x11, wayland), platforms);
+        QCOMPARE(displayKinds(x11, wayland), platforms);
     }
 
     void aPlatformThatTheUserSetStands()
     {
         qputenv("QT_QPA_PLATFORM", "wayland");
 
-        QVERIFY(DisplayChoice::make());
+        QVERIFY(setDisplayKinds());
 
         QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray{"wayland"});
     }

@@ -10,7 +10,7 @@ import sys
 from pathlib import Path
 
 import pytest
-from support.desktop import Desktop
+from support.desktop import Desktop, fresh_folder
 from support.shell import PROGRAM, Shell
 from support.waiting import wait_until
 
@@ -33,6 +33,18 @@ def run(desktop, command, drop=(), **extra):
 
 def trials_file(desktop):
     return desktop.home / ".local/share/Norvane/trials.json"
+
+
+def test_the_icons_menu_speaks_the_language_of_the_panel(desktop):
+    with Shell(desktop, LANG="de_DE.UTF-8") as shell:
+        shell.find_icon()
+        (item,) = desktop.status_items()
+        connection = desktop.bus()
+        label = connection.call_blocking(str(item).split("/")[0], "/MenuBar", "com.canonical.dbusmenu", "GetProperty",
+                                         "is", (1, "label"))
+        connection.close()
+
+        assert label == "Norvane öffnen"
 
 
 @pytest.mark.parametrize("number", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
@@ -180,4 +192,31 @@ def test_without_a_notification_centre_everything_else_works(folder):
         shell.press()
         shell.wait_keyboard()
         assert not desktop.owns("org.norvane.NotificationCenter")
-        assert shell.output() == ""
+        (line,) = shell.output().splitlines()
+        assert line.startswith("norvane: the notification centre does not start (")
+
+
+def test_a_panel_that_cannot_be_loaded_is_one_plain_line_and_an_end(desktop, folder):
+    alone = Path(shutil.copy(PROGRAM, fresh_folder(folder / "no-modules")))
+    (alone.parent / "qt.conf").write_text("[Paths]\nQmlImports=none\n")
+    plugins = subprocess.run(["qtpaths6", "--query", "QT_INSTALL_PLUGINS"],
+                             capture_output=True, text=True, check=True).stdout.strip()
+
+    answer = run(desktop, [alone], QT_PLUGIN_PATH=plugins)
+
+    assert answer.returncode == 1
+    (line,) = answer.stderr.splitlines()
+    assert line.startswith("norvane: the panel cannot be loaded: module ") and line.endswith("is not installed")
+
+
+def test_on_a_screen_lower_than_the_popover_it_is_as_high_as_the_work_area(folder):
+    with Desktop(folder / "low", size="800x360", panel="bottom") as desktop, Shell(desktop) as shell:
+        shell.find_icon()
+        shell.press()
+        _, y, width, height = shell.wait_open()
+        shell.wait_keyboard()
+        desktop.click_on("push button", "Add Trial")
+        desktop.wait_until_still()
+        desktop.screenshot(folder / "low.png")
+
+        assert (y, width) == (0, 360) and 320 <= height <= 330, "from the top to the panel"

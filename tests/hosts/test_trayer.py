@@ -5,12 +5,14 @@
 import os
 import signal
 import subprocess
+from pathlib import Path
 
 import pytest
-from support.desktop import Desktop
+from support.desktop import ACCESSIBLE, Desktop
 from support.shell import SIZE, Shell
 from support.waiting import wait_until
 
+BUILD = Path(os.environ["NORVANE_BUILD"])
 TRAYER = (
     "trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "30",
     "--SetDockType", "true", "--SetPartialStrut", "true", "--transparent", "false", "--tint", "0xffffff",
@@ -54,6 +56,27 @@ def icon(desktop, shell, leftmost=1000):
     return shell.icon
 
 
+def test_a_screen_reader_finds_one_norvane(desktop):
+    desktop.start(*TRAYER)
+    with Shell(desktop) as shell:
+        icon(desktop, shell)
+        shell.press()
+        shell.wait_open()
+        wait_until(lambda: desktop.accessible(), "Norvane in the accessible tree")
+
+        assert desktop.run("/usr/bin/python3", ACCESSIBLE, "programs").split().count("Norvane") == 1
+
+
+def test_the_targets_that_the_run_script_builds_bring_the_icons_program():
+    run = (Path(__file__).resolve().parents[2] / "scripts/run").read_text()
+    (targets,) = [line.split()[2:] for line in run.splitlines() if line.startswith("scripts/build ")]
+
+    parts = subprocess.run(["ninja", "-C", BUILD, "-t", "inputs", *targets],
+                           capture_output=True, text=True, check=True).stdout.split()
+
+    assert {"libexec/norvane/norvane-legacy-tray", "libexec/norvane-notifier"} <= set(parts) | set(targets)
+
+
 def test_its_icon_is_legible_on_a_white_tray(desktop, folder):
     desktop.start(*TRAYER)
     with Shell(desktop) as shell:
@@ -81,7 +104,7 @@ def test_it_opens_when_the_button_goes_down_and_closes_at_the_next(desktop, fold
         left, top, *size = shell.popover()
         assert tuple(size) == SIZE
         assert 30 <= top <= 40
-        assert left == min(x + width // 2 - SIZE[0] // 2, 1280 - SIZE[0])
+        assert left == min(x + width // 2 - SIZE[0] // 2, 1280 - 4 - SIZE[0]), "as far from the edge as from the panel"
         shell.press()
         shell.wait_closed()
 

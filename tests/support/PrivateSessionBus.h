@@ -26,6 +26,24 @@ public:
         QDir{folder_.path()}.mkpath(QStringLiteral("dbus-1/services"));
         // Here a session bus looks for services that it may start.
         qputenv("XDG_DATA_HOME", QFile::encodeName(folder_.path()));
+        start();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address().toUtf8()); // Good for the next one too.
+    }
+    PrivateSessionBus(const PrivateSessionBus &) = delete;
+    PrivateSessionBus &operator=(const PrivateSessionBus &) = delete;
+    ~PrivateSessionBus() { stop(); }
+
+    /// Disconnects everybody. start() makes a new bus at the same address.
+    void stop()
+    {
+        daemon_.terminate();
+        daemon_.waitForFinished();
+    }
+    /// Ends the test program when the bus does not start.
+    void start()
+    {
+        QFile::remove(folder_.filePath(QStringLiteral("bus")));
+        address_.clear();
         daemon_.start(
             QStringLiteral("dbus-daemon"),
             {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nosyslog"),
@@ -37,14 +55,10 @@ public:
         if (address_.isEmpty()) {
             qFatal("The bus did not start: %s", daemon_.readAllStandardError().constData());
         }
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address_);
     }
-    PrivateSessionBus(const PrivateSessionBus &) = delete;
-    PrivateSessionBus &operator=(const PrivateSessionBus &) = delete;
-    ~PrivateSessionBus()
+    [[nodiscard]] QString address() const
     {
-        daemon_.terminate();
-        daemon_.waitForFinished();
+        return QStringLiteral("unix:path=") + folder_.filePath(QStringLiteral("bus"));
     }
 
     /// Makes the bus read and say nothing until resume().

@@ -6,6 +6,7 @@
 #include "CenterAdaptor.h"
 #include "platform/bus/BusNames.h"
 
+#include <tuple>
 #include <utility>
 
 namespace norvane {
@@ -15,7 +16,9 @@ RecordingCenterService::RecordingCenterService(QDBusConnection connection)
 {
     registerPendingRequestTypes();
     new CenterAdaptor{this}; // Owned by its parent.
-    connection_.registerObject(busNames::notificationCenterPath, this);
+    if (!connection_.registerObject(busNames::notificationCenterPath, this)) {
+        qFatal("The recording service cannot be put on the bus");
+    }
 }
 
 RecordingCenterService::~RecordingCenterService()
@@ -31,7 +34,7 @@ bool RecordingCenterService::appear()
 
 void RecordingCenterService::disappear()
 {
-    connection_.unregisterService(busNames::notificationCenter);
+    std::ignore = connection_.unregisterService(busNames::notificationCenter);
 }
 
 void RecordingCenterService::note(const QString &call)
@@ -39,6 +42,9 @@ void RecordingCenterService::note(const QString &call)
     calls_.append(call);
     callers_.insert(message().service());
     answersAsked_ += message().isReplyRequired() ? 1 : 0;
+    if (isSilent_) {
+        setDelayedReply(true);
+    }
 }
 
 bool RecordingCenterService::RequestAuthorization(uint options)

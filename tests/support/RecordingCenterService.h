@@ -28,6 +28,8 @@ public:
     [[nodiscard]] bool appear();
     /// Gives the name up again.
     void disappear();
+    /// Takes calls, but answers none from now on, or answers them again.
+    void setSilent(bool silent) { isSilent_ = silent; }
 
     /// Each call as its name and arguments with blanks in between, in order.
     [[nodiscard]] const QStringList &calls() const noexcept { return calls_; }
@@ -52,6 +54,7 @@ private:
     QStringList calls_;
     QSet<QString> callers_;
     int answersAsked_ = 0;
+    bool isSilent_ = false;
 };
 
 } // namespace norvane

@@ -4,6 +4,7 @@
 
     accessible.py tree PROGRAM
     accessible.py press PROGRAM ROLE NAME [DESCRIPTION]
+    accessible.py programs
 
 A process of its own, because the accessibility library binds to one session bus for good.
 """
@@ -59,7 +60,10 @@ def press(program, role, name, description=None):
     return False
 
 
-def main(command, program_name, *rest):
+def main(command, program_name=None, *rest):
+    if command == "programs":
+        print(*(child.name for child in pyatspi.Registry.getDesktop(0) if child is not None), sep="\n")
+        return 0
     program = program_named(program_name)
     if program is None:
         print("[]")

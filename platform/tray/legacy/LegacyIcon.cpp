@@ -33,7 +33,6 @@ LegacyIcon::LegacyIcon(const QString &iconName) : input_{STDIN_FILENO, QSocketNo
     icon_.show();
     for (QWidget *const window : QApplication::topLevelWidgets()) {
         window->setWindowTitle(QStringLiteral("Norvane"));
-        window->setAccessibleName(QStringLiteral("Norvane"));
     }
 }
 

@@ -11,6 +11,10 @@ int main(int argc, char *argv[])
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     qunsetenv("QT_SCALE_FACTOR");
     qunsetenv("QT_SCREEN_SCALE_FACTORS");
+    // Norvane itself is on the session bus. A second application of that name, with nothing in it,
+    // would only be in the way of a screen reader.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    qunsetenv("AT_SPI_BUS_ADDRESS");
     QApplication application{argc, argv};
     QApplication::setApplicationName(QStringLiteral("Norvane"));
     QApplication::setQuitOnLastWindowClosed(false); // A tray that goes takes the window with it.

@@ -23,8 +23,11 @@ public:
         : name_{connection},
           bus_{QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection)}
     {
-        bus_.registerObject(path(), this,
-                            QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
+        if (!bus_.registerObject(path(), this,
+                                 QDBusConnection::ExportAllSlots |
+                                     QDBusConnection::ExportAllProperties)) {
+            qFatal("The watcher cannot be put on the bus");
+        }
     }
     ~FakeWatcher() override { QDBusConnection::disconnectFromBus(name_); }
 

@@ -18,7 +18,7 @@ using namespace norvane;
 
 namespace {
 
-const QString standIn = QStringLiteral(NORVANE_NOTIFIER);
+const QString fallbackProgram = QStringLiteral(NORVANE_NOTIFIER);
 
 NotificationRequest request(const QString &identifier)
 {
@@ -48,7 +48,7 @@ qsizetype pendingCount()
 
 } // namespace
 
-class TestStandIn final : public QObject {
+class TestFallbackNotifier final : public QObject {
     Q_OBJECT
 
 private slots:
@@ -70,7 +70,7 @@ private slots:
 
     void theProgramBesideIsStartedAndGetsWhatWaited()
     {
-        DBusNotificationCenter center{standIn};
+        DBusNotificationCenter center{fallbackProgram};
 
         center.removeAllPendingNotificationRequests();
         center.addNotificationRequest(request(QStringLiteral("a-1h")));
@@ -82,7 +82,7 @@ private slots:
     void nothingIsLostWhenNorvaneEndsAtOnce()
     {
         {
-            DBusNotificationCenter center{standIn};
+            DBusNotificationCenter center{fallbackProgram};
             center.removeAllPendingNotificationRequests();
             center.addNotificationRequest(request(QStringLiteral("a-1h")));
         }
@@ -94,7 +94,7 @@ private slots:
     {
         const QString mark = session_.path(QStringLiteral("installed"));
         session_.offer(busNames::notificationCenter,
-                       QStringLiteral(": > '%1'; exec '%2'").arg(mark, standIn));
+                       QStringLiteral(": > '%1'; exec '%2'").arg(mark, fallbackProgram));
         bus().call(QStringLiteral("ReloadConfig"));
         DBusNotificationCenter center{QStringLiteral("/bin/false")};
 
@@ -110,5 +110,5 @@ private:
     QTemporaryDir state_;
 };
 
-NORVANE_TEST(TestStandIn)
-#include "tst_StandIn.moc"
+NORVANE_TEST(TestFallbackNotifier)
+#include "tst_FallbackNotifier.moc"

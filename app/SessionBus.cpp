@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#include "app/SessionBus.h"
+
+#include <QFile>
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include <dbus/dbus.h>
+
+namespace norvane {
+
+namespace {
+
+constexpr const char *addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+
+/// By the rules of the bus library; empty where only that can find it.
+QByteArray addressOfSessionBus()
+{
+    if (!qEnvironmentVariableIsEmpty(addressVariable)) {
+        return qgetenv(addressVariable);
+    }
+    const QByteArray socket = qgetenv("XDG_RUNTIME_DIR") + "/bus";
+    return QFile::exists(QFile::decodeName(socket)) ? "unix:path=" + socket : QByteArray{};
+}
+
+/// Whether the bus let a time limit pass without an answer. To refuse is an answer, too.
+bool keepsSilent(const QByteArray &address)
+{
+    DBusError error = DBUS_ERROR_INIT;
+    DBusConnection *const connection = dbus_connection_open_private(address.constData(), &error);
+    if (connection != nullptr) {
+        dbus_connection_set_exit_on_disconnect(connection, FALSE);
+        dbus_bus_register(connection, &error);
+        dbus_connection_close(connection);
+        dbus_connection_unref(connection);
+    }
+    const bool isSilent = dbus_error_has_name(&error, DBUS_ERROR_NO_REPLY) == TRUE ||
+                          dbus_error_has_name(&error, DBUS_ERROR_TIMEOUT) == TRUE;
+    dbus_error_free(&error);
+    return isSilent;
+}
+
+} // namespace
+
+struct SessionBus::Greeting {
+    const QByteArray address;
+    std::mutex mutex;
+    std::condition_variable answer;
+    bool hasAnswered = false;
+    SessionBus *toTell = nullptr; ///< Who wants to know of a late answer.
+
+    explicit Greeting(QByteArray busAddress) : address{std::move(busAddress)} {}
+
+    void run()
+    {
+        while (keepsSilent(address)) {
+        }
+        const std::lock_guard lock{mutex};
+        hasAnswered = true;
+        answer.notify_all();
+        if (toTell != nullptr) {
+            QMetaObject::invokeMethod(toTell, &SessionBus::takeUp, Qt::QueuedConnection);
+        }
+    }
+};
+
+SessionBus::SessionBus(std::chrono::milliseconds timeout)
+    : greeting_{std::make_shared<Greeting>(addressOfSessionBus())},
+      formerAddress_{qgetenv(addressVariable)},
+      wasSet_{qEnvironmentVariableIsSet(addressVariable)}
+{
+    if (greeting_->address.isEmpty()) {
+        return;
+    }
+    // It cannot be ended while it waits for the bus, so it is left to itself.
+    std::thread{[greeting = greeting_] { greeting->run(); }}.detach();
+    std::unique_lock lock{greeting_->mutex};
+    isSilent_ =
+        !greeting_->answer.wait_for(lock, timeout, [this] { return greeting_->hasAnswered; });
+    if (isSilent_) {
+        greeting_->toTell = this;
+        qputenv(addressVariable, "disabled:");
+    }
+}
+
+SessionBus::~SessionBus()
+{
+    const std::lock_guard lock{greeting_->mutex};
+    greeting_->toTell = nullptr;
+}
+
+QString SessionBus::address() const
+{
+    return QFile::decodeName(greeting_->address);
+}
+
+QDBusConnection SessionBus::connectAs(const QString &name) const
+{
+    if (isSilent_) {
+        return QDBusConnection{name};
+    }
+    return greeting_->address.isEmpty()
+               ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)
+               : QDBusConnection::connectToBus(address(), name);
+}
+
+void SessionBus::takeUp()
+{
+    if (wasSet_) {
+        qputenv(addressVariable, formerAddress_);
+    } else {
+        qunsetenv(addressVariable);
+    }
+    isSilent_ = false;
+    emit answered();
+}
+
+} // namespace norvane
