@@ -8,7 +8,9 @@ target_compile_features(norvane-strict INTERFACE cxx_std_20)
 target_compile_options(norvane-strict INTERFACE
     -Wall -Wextra -Wpedantic
     -Wcast-align -Wconversion -Wextra-semi -Wformat=2 -Wimplicit-fallthrough
-    -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wshadow -Wundef
+    -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wundef
+    # In a unity build a name of one file would shadow that of another.
+    $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow>
 )
 target_compile_definitions(norvane-strict INTERFACE
     QT_DISABLE_DEPRECATED_BEFORE=0x060800

@@ -20,9 +20,12 @@ from support.waiting import wait_until  # noqa: E402
 
 REFERENCE = datetime(2001, 1, 1)
 REMINDERS = (
-    ("-3d", timedelta(days=3), "📅 Trial Ending in 3 Days", '"{}" trial ends in 3 days. Decide before you\'re charged $9.50.'),
-    ("-24h", timedelta(days=1), "⏰ Trial Ending Tomorrow", '"{}" trial ends tomorrow. Cancel before you\'re charged $9.50.'),
-    ("-1h", timedelta(hours=1), "🚨 Trial Ending in 1 Hour", '"{}" — cancel now to avoid being charged $9.50.'),
+    ("-3d", timedelta(days=3), "📅 Trial Ending in 3 Days",
+     '"{}" trial ends in 3 days. Decide before you\'re charged $9.50.'),
+    ("-24h", timedelta(days=1), "⏰ Trial Ending Tomorrow",
+     '"{}" trial ends tomorrow. Cancel before you\'re charged $9.50.'),
+    ("-1h", timedelta(hours=1), "🚨 Trial Ending in 1 Hour",
+     '"{}" — cancel now to avoid being charged $9.50.'),
 )
 NAME = "Acme Cloud"
 

@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 /// A panel that offers both kinds of tray offers this one first; the other follows in this time.
 constexpr auto timeToSettle = 500ms;
 constexpr int patience = 1000;
-constexpr int attempts = 10;
+constexpr int startAttempts = 10;
 
 } // namespace
 
@@ -44,7 +44,7 @@ void LegacyTray::renew()
 {
     settled_.stop();
     endIcon();
-    attemptsLeft_ = attempts;
+    attemptsLeft_ = startAttempts;
     if (watch_.hasTray()) {
         settled_.start();
     }

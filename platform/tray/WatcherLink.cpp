@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
-constexpr int attempts = 10;
+constexpr int registrationAttempts = 10;
 constexpr auto pauseBetweenAttempts = 500ms;
 constexpr int timeout = 25'000; // In milliseconds; what does not answer is asked again.
 
@@ -68,7 +68,7 @@ void WatcherLink::setOwner(const QString &owner)
 {
     retry_.stop();
     ++registrations_;
-    attemptsLeft_ = attempts;
+    attemptsLeft_ = registrationAttempts;
     if (owner.isEmpty()) {
         enter(State::Absent);
     } else {
@@ -117,7 +117,7 @@ void WatcherLink::askForHost()
 
 void WatcherLink::hostRegistered()
 {
-    attemptsLeft_ = attempts;
+    attemptsLeft_ = registrationAttempts;
     registerItem();
 }
 

@@ -43,6 +43,12 @@ def popover(desktop):
     return next(iter(desktop.windows("Norvane")), None)
 
 
+def is_form(desktop, before):
+    """What changed on the screen is as large as the form, not just a ring around a button."""
+    area = desktop.changed_area(before, desktop.screenshot(desktop.folder / "form.png"))
+    return area and area[3] > 120
+
+
 def names(desktop):
     file = desktop.home / ".local/share/Norvane/trials.json"
     return [trial["name"] for trial in json.loads(file.read_text(encoding="utf-8") or "[]")]
@@ -68,8 +74,9 @@ def test_a_click_opens_it_with_the_keyboard_and_the_next_one_closes_it(desktop, 
     assert identity == ("Norvane" if desktop.xwayland else "org.norvane.Norvane")
 
     # The form is opened by keys alone, typed into, and sent off.
+    panel = desktop.screenshot(desktop.folder / "panel.png")
     desktop.key("Tab", "Return")
-    desktop.wait_until_still()
+    wait_until(lambda: is_form(desktop, panel), "the form")
     desktop.type("Half a year")
     desktop.key("ctrl+Return")
     wait_until(lambda: "Half a year" in names(desktop), "the trial of this name")

@@ -35,7 +35,8 @@ class Desktop:
         self.environment = {
             name: value
             for name, value in os.environ.items()
-            if not name.startswith(("XDG_", "DBUS_", "QT_", "LC_")) and name not in ("DISPLAY", "LANGUAGE", "WAYLAND_DISPLAY")
+            if not name.startswith(("XDG_", "DBUS_", "QT_", "LC_"))
+            and name not in ("DISPLAY", "LANGUAGE", "WAYLAND_DISPLAY")
         }
 
     def __enter__(self):
