@@ -7,7 +7,7 @@ import time
 from collections.abc import Callable
 
 
-def wait_until(condition: Callable[[], object], what: str, seconds: float = 15):
+def wait_until(condition: Callable[[], object], what: str, seconds: float = 60):
     """The condition's first true value; fails the test when none comes in time."""
     deadline = time.monotonic() + seconds
     while True:
