@@ -69,7 +69,8 @@ def test_without_root_it_says_in_one_sentence_what_an_administrator_would_type(m
 
     assert (answer.returncode, answer.stdout) == (0, "")
     (sentence,) = answer.stderr.splitlines()
-    match = re.fullmatch(f"(\\d+) packages seem to be missing, which an administrator installs with: {command} (.*)", sentence)
+    match = re.fullmatch(
+        f"(\\d+) packages seem to be missing, which an administrator installs with: {command} (.*)", sentence)
     assert match, sentence
     assert names <= set(match[2].split())
     assert int(match[1]) == len(match[2].split()) == len(set(match[2].split()))

@@ -27,9 +27,9 @@ def joined_sources(build):
     """For each joined source of the build its compile command and the sources of ours in it."""
     for entry in json.loads((build / "compile_commands.json").read_text()):
         file = Path(entry["file"])
-        if not re.fullmatch(r"unity_\d+_cxx\.cxx", file.name):
-            continue
-        parts = [Path(name) for name in re.findall(r'#include "(.+)"', file.read_text())]
+        parts = [file]  # Sources with definitions of their own are not joined.
+        if re.fullmatch(r"unity_\d+_cxx\.cxx", file.name):
+            parts = [Path(name) for name in re.findall(r'#include "(.+)"', file.read_text())]
         ours = [part for part in parts if part.is_relative_to(ROOT) and not part.is_relative_to(build)]
         if ours:
             yield entry, ours
@@ -42,7 +42,7 @@ def plan(build):
 
     def add(source, entry):
         command = DROPPED.sub("", entry["command"])
-        command = command.replace(entry["file"], str(source))
+        command = command.replace(f"-c {entry['file']}", f"-c {source}")
         database.append({"directory": entry["directory"], "file": str(source), "command": command})
         return source
 
@@ -51,9 +51,9 @@ def plan(build):
     # clang-tidy takes its rules from the folders above the file that it is given.
     (lint / "tests/.clang-tidy").write_text((ROOT / "tests/.clang-tidy").read_text())
     for entry, ours in joined_sources(build):
-        target = re.search(r"CMakeFiles/(.+?)\.dir", entry["file"])[1]
+        target = re.search(r"CMakeFiles/(.+?)\.dir/(\S+)\.o", entry["command"])
         tests = ours[0].is_relative_to(ROOT / "tests")
-        joined = lint / ("tests" if tests else "shipped") / f"{target}.cpp"
+        joined = lint / ("tests" if tests else "shipped") / f"{target[1]}-{Path(target[2]).stem}.cpp"
         joined.write_text("".join(f'#include "{source}"\n' for source in ours))
         yield add(joined, entry), ["--checks=-clang-analyzer-*"]
         if not tests:
