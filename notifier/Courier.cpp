@@ -4,8 +4,6 @@
 #include "notifier/Courier.h"
 
 #include "notifier/LateRule.h"
-#include "notifier/Ledger.h"
-#include "notifier/NotificationServer.h"
 #include "platform/Clock.h"
 #include "time/UnixTime.h"
 
@@ -16,11 +14,26 @@ namespace norvane {
 
 namespace {
 
-/// A server that goes away during an attempt may have been restarted by the user; one that does so
-/// again does not survive what it is given.
-constexpr int crashesTolerated = 2;
+constexpr int mostRefusals = 3;
+
+/// A server that goes away while it has a reminder may have been restarted by the user; one that
+/// does so again does not survive this reminder.
+constexpr int mostDeaths = 2;
+
+/// The first attempt, and two more at the same server.
+constexpr int mostUnanswered = 3;
+
+QString keyOf(const NotificationRequest &request)
+{
+    return request.trigger.text() + u' ' + request.identifier;
+}
 
 } // namespace
+
+bool Courier::Trouble::isSetBack() const
+{
+    return refusals >= mostRefusals || deaths >= mostDeaths || unanswered >= mostUnanswered;
+}
 
 Courier::Courier(Ledger &ledger, NotificationServer &server, const Clock &clock, Pauses pauses,
                  QObject *parent)
@@ -28,36 +41,36 @@ Courier::Courier(Ledger &ledger, NotificationServer &server, const Clock &clock,
       ledger_{ledger},
       server_{server},
       clock_{clock},
-      pauses_{pauses},
-      pause_{pauses.first}
+      pauses_{pauses}
 {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &Courier::deliver);
     connect(&server, &NotificationServer::shown, this, &Courier::shown);
-    connect(&server, &NotificationServer::refused, this, &Courier::refused);
+    connect(&server, &NotificationServer::failed, this, &Courier::failed);
     connect(&server, &NotificationServer::appeared, this, &Courier::serverAppeared);
-    connect(&server, &NotificationServer::vanished, this, &Courier::serverVanished);
 }
 
 void Courier::deliver()
 {
-    if (underWay_ || timer_.isActive() || isHeld_) {
+    if (state_ == State::Delivering || isHeld_) {
         return;
     }
-    std::optional<OutboxEntry> head = ledger_.outboxHead();
-    const std::chrono::sys_seconds now = wholeSecond(clock_.now());
-    while (head && head->due + worthShowingFor(head->request.identifier) <= now) {
-        ledger_.transact([&] { ledger_.lapseWaiting(head->request, now); });
-        head = ledger_.outboxHead();
-    }
-    if (!head) {
+    timer_.stop();
+    std::optional<OutboxEntry> entry = next();
+    if (!entry) {
+        state_ = State::Idle;
+        troubles_.clear();
         emit emptied();
         return;
     }
-    underWay_ = std::move(head->request);
-    vanished_ = false;
-    replaced_ = false;
-    server_.show(underWay_->title, underWay_->body, underWay_->sound);
+    const QDeadlineTimer retry = std::max(serverRetry_, troubleOf(entry->request).retry);
+    if (!retry.hasExpired()) {
+        waitFor(retry);
+        return;
+    }
+    state_ = State::Delivering;
+    current_ = std::move(entry->request);
+    server_.show(*current_);
 }
 
 bool Courier::isEmpty() const
@@ -65,53 +78,118 @@ bool Courier::isEmpty() const
     return !ledger_.outboxHead();
 }
 
-void Courier::shown()
-{
-    if (!underWay_) {
-        return;
-    }
-    const NotificationRequest request = std::move(*underWay_);
-    underWay_.reset();
-    ledger_.transact([&] {
-        ledger_.strike(request);
-        ledger_.rememberDelivered(request, wholeSecond(clock_.now()));
-    });
-    pause_ = pauses_.first;
-    crashes_ = 0;
-    deliver();
-}
-
-void Courier::refused()
-{
-    underWay_.reset();
-    crashes_ = vanished_ && !replaced_ ? crashes_ + 1 : 0;
-    if (replaced_) {
-        pause_ = pauses_.first; // Whoever was silent is not the one that is there now.
-    }
-    timer_.start(pause_);
-    pause_ = std::min(pause_ * 2, pauses_.longest);
-}
-
-void Courier::serverAppeared()
-{
-    if (underWay_) {
-        replaced_ = vanished_; // Otherwise the attempt itself started it.
-    } else if (crashes_ < crashesTolerated) {
-        pause_ = pauses_.first;
-        timer_.stop();
-        deliver();
-    }
-}
-
-void Courier::serverVanished()
-{
-    vanished_ = underWay_.has_value();
-    replaced_ = false;
-}
-
 void Courier::release()
 {
     isHeld_ = false;
+    deliver();
+}
+
+/// The reminder whose turn it is, after those before it that are no longer worth showing lapsed.
+std::optional<OutboxEntry> Courier::next()
+{
+    const std::chrono::sys_seconds now = wholeSecond(clock_.now());
+    std::optional<OutboxEntry> entry = firstToTry();
+    while (entry && entry->due + worthShowingFor(entry->request.identifier) <= now) {
+        ledger_.transact([&] { ledger_.lapseWaiting(entry->request, now); });
+        troubles_.erase(keyOf(entry->request));
+        entry = firstToTry();
+    }
+    return entry;
+}
+
+/// The first in order that is not set back, else the one of those that may be tried the soonest.
+std::optional<OutboxEntry> Courier::firstToTry()
+{
+    std::optional<OutboxEntry> soonest;
+    const std::optional<OutboxEntry> first = ledger_.firstInOutbox([&](const OutboxEntry &entry) {
+        const Trouble trouble = troubleOf(entry.request);
+        if (!trouble.isSetBack()) {
+            return true;
+        }
+        if (!soonest || trouble.retry < troubleOf(soonest->request).retry) {
+            soonest = entry;
+        }
+        return false;
+    });
+    return first ? first : soonest;
+}
+
+void Courier::waitFor(const QDeadlineTimer &retry)
+{
+    state_ = State::Waiting;
+    // Never longer than the longest pause, so that what is not tried any more lapses in time.
+    const auto longest = std::chrono::nanoseconds{pauses_.longest};
+    const auto rest =
+        retry.isForever() ? longest : std::min(longest, retry.remainingTimeAsDuration());
+    timer_.start(std::chrono::ceil<std::chrono::milliseconds>(rest));
+}
+
+Courier::Trouble Courier::troubleOf(const NotificationRequest &request) const
+{
+    const auto found = troubles_.find(keyOf(request));
+    return found == troubles_.end() ? Trouble{} : found->second;
+}
+
+QDeadlineTimer Courier::pauseAfter(int failures) const
+{
+    std::chrono::milliseconds pause = pauses_.first;
+    for (int i = 1; i < failures && pause < pauses_.longest; ++i) {
+        pause *= 2;
+    }
+    return QDeadlineTimer{std::min(pause, pauses_.longest)};
+}
+
+void Courier::shown(const NotificationRequest &request)
+{
+    ledger_.transact([&] {
+        ledger_.removeFromOutbox(request);
+        ledger_.rememberDelivered(request, wholeSecond(clock_.now()));
+    });
+    troubles_.erase(keyOf(request));
+    serverFailures_ = 0;
+    serverRetry_ = {};
+    if (state_ == State::Delivering && keyOf(request) == keyOf(*current_)) {
+        state_ = State::Idle;
+        emit answered();
+    }
+    deliver();
+}
+
+void Courier::failed(NotificationServer::Failure failure)
+{
+    using enum NotificationServer::Failure;
+    state_ = State::Idle;
+    if (failure == Unavailable) {
+        serverRetry_ = pauseAfter(++serverFailures_);
+    } else {
+        Trouble &trouble = troubles_[keyOf(*current_)];
+        trouble.refusals += failure == Refused ? 1 : 0;
+        trouble.deaths += failure == Died ? 1 : 0;
+        trouble.unanswered += failure == Unanswered ? 1 : 0;
+        trouble.retry = trouble.unanswered >= mostUnanswered
+                            ? QDeadlineTimer{QDeadlineTimer::Forever}
+                            : pauseAfter(trouble.refusals + trouble.deaths + trouble.unanswered);
+    }
+    emit answered();
+    deliver();
+}
+
+/// Another server may take what the last one did not, and nothing has been given to it yet. Only a
+/// reminder that servers do not survive keeps its pause: it may be why they come and go.
+void Courier::serverAppeared()
+{
+    if (state_ == State::Delivering) {
+        return; // The attempt itself started the server.
+    }
+    serverFailures_ = 0;
+    serverRetry_ = {};
+    for (auto &[key, trouble] : troubles_) {
+        trouble.refusals = 0;
+        trouble.unanswered = 0;
+        if (trouble.deaths < mostDeaths) {
+            trouble.retry = {};
+        }
+    }
     deliver();
 }
 

@@ -3,26 +3,30 @@
 
 #pragma once
 
-#include "platform/NotificationRequest.h"
+#include "notifier/Ledger.h"
+#include "notifier/NotificationServer.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QTimer>
 
 #include <chrono>
+#include <map>
 #include <optional>
 
 namespace norvane {
 
 class Clock;
-class Ledger;
-class NotificationServer;
 
 /// Brings what is in the outbox to the notification server, one after the other and in order.
 ///
-/// A reminder is struck from the outbox only after the server took it. One that is refused keeps
-/// its place; it is tried again when a server appears, and after pauses that grow from one attempt
-/// to the next. A server that did not survive two attempts in a row has to wait for those pauses,
-/// too. What is no longer worth showing (LateRule) lapses.
+/// A reminder leaves the outbox only after the server took it, or when it is no longer worth
+/// showing (LateRule). What concerns the server (there is none, it answers nothing) makes all wait,
+/// with pauses that grow, until a server appears. What concerns one reminder makes the others wait
+/// only at first: one that was refused three times, or that the server did not survive twice, is
+/// set back: it is tried again only when no other is left to try, after pauses that grow. One that
+/// this server never answered, though it was given it three times, is not given to it again: it may
+/// have been shown each time.
 ///
 /// Everything given is borrowed. One thread only.
 class Courier final : public QObject {
@@ -39,34 +43,59 @@ public:
     Courier(Ledger &ledger, NotificationServer &server, const Clock &clock, Pauses pauses,
             QObject *parent = nullptr);
 
-    /// Delivers what is there, unless it is at it already, or pauses, or is held.
+    /// Delivers what is there, unless one is being delivered already, or all have to wait.
     void deliver();
-    /// Keeps what is not under way yet, for whoever comes after this process.
+    /// Hands out nothing more until release().
     void hold() { isHeld_ = true; }
     void release();
     [[nodiscard]] bool isEmpty() const;
+    /// Whether the server has a reminder that it has not answered yet.
+    [[nodiscard]] bool isDelivering() const { return state_ == State::Delivering; }
 
 signals:
     /// There was nothing to deliver, or nothing is left.
     void emptied();
+    /// The server answered the reminder that it was given, or will not any more.
+    void answered();
 
 private:
-    void shown();
-    void refused();
+    enum class State {
+        Idle,       ///< Nothing to deliver.
+        Delivering, ///< The server has current_.
+        Waiting     ///< timer_ runs until something may be tried again.
+    };
+
+    /// What happened to one reminder so far.
+    struct Trouble {
+        int refusals = 0;
+        int deaths = 0;
+        int unanswered = 0;
+        QDeadlineTimer retry; ///< Not before it has expired.
+
+        [[nodiscard]] bool isSetBack() const;
+    };
+
+    void shown(const NotificationRequest &request);
+    void failed(NotificationServer::Failure failure);
     void serverAppeared();
-    void serverVanished();
+
+    [[nodiscard]] std::optional<OutboxEntry> next();
+    [[nodiscard]] std::optional<OutboxEntry> firstToTry();
+    void waitFor(const QDeadlineTimer &retry);
+    [[nodiscard]] Trouble troubleOf(const NotificationRequest &request) const;
+    [[nodiscard]] QDeadlineTimer pauseAfter(int failures) const;
 
     Ledger &ledger_;
     NotificationServer &server_;
     const Clock &clock_;
     const Pauses pauses_;
-    std::chrono::milliseconds pause_;
-    QTimer timer_; ///< Runs during a pause.
+    State state_ = State::Idle;
     bool isHeld_ = false;
-    bool vanished_ = false; ///< In the course of the last attempt, the server went away.
-    bool replaced_ = false; ///< And after that, in its course too, another came.
-    int crashes_ = 0;       ///< Attempts in a row that the server did not survive.
-    std::optional<NotificationRequest> underWay_;
+    std::optional<NotificationRequest> current_;
+    QTimer timer_;
+    int serverFailures_ = 0; ///< In a row; what concerns the server, and so all reminders.
+    QDeadlineTimer serverRetry_;
+    std::map<QString, Trouble> troubles_; ///< By identifier and trigger.
 };
 
 } // namespace norvane

@@ -4,15 +4,15 @@
 #include "notifier/DesktopNotificationServer.h"
 
 #include "notifier/BodyMarkup.h"
-#include "platform/NotificationRequest.h"
 #include "platform/bus/BusNames.h"
 
-#include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QStringList>
 #include <QVariantMap>
+#include <QVersionNumber>
 
-#include <utility>
+#include <algorithm>
+#include <limits>
 
 namespace norvane {
 
@@ -24,105 +24,196 @@ const QString path = QStringLiteral("/org/freedesktop/Notifications");
 constexpr uchar normalUrgency = 1;
 constexpr int untilTheServerDecides = -1;
 
+/// Milliseconds, as the bus library takes it: no timeout at all.
+constexpr int noTimeout = std::numeric_limits<int>::max();
+
+constexpr std::chrono::minutes longestCheckPause{5};
+
+/// The action of a click on the notification itself. Without a name, servers draw no button.
+const QStringList clickAction{QStringLiteral("default"), QString{}};
+
 QDBusMessage message(const QString &method)
 {
     return QDBusMessage::createMethodCall(service, path, service, method);
 }
 
+/// Whether a server sent it; other errors come from the bus, or from the library on this side.
+bool isFromServer(const QDBusMessage &answer)
+{
+    return answer.service().startsWith(u':');
+}
+
+/// LXQt's server drew a button without text for the action of a click before its version 1.2.
+bool drawsClickAction(const QString &name, const QString &version)
+{
+    return name == QLatin1StringView{"lxqt-notificationd"} &&
+           QVersionNumber::fromString(version) < QVersionNumber{1, 2};
+}
+
 } // namespace
 
 DesktopNotificationServer::DesktopNotificationServer(const QDBusConnection &bus,
-                                                     std::chrono::milliseconds patience,
+                                                     std::chrono::milliseconds timeout,
                                                      QObject *parent)
     : NotificationServer{parent},
       bus_{bus},
-      patience_{patience},
+      timeout_{timeout},
       watcher_{service, bus, QDBusServiceWatcher::WatchForOwnerChange}
 {
+    answerTimer_.setSingleShot(true);
+    connect(&answerTimer_, &QTimer::timeout, this, &DesktopNotificationServer::askWhetherItLives);
     connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &, const QString &oldOwner, const QString &newOwner) {
                 ownerChanged(oldOwner, newOwner);
             });
 }
 
-void DesktopNotificationServer::show(const QString &title, const QString &body,
-                                     const QString &sound)
+void DesktopNotificationServer::show(const NotificationRequest &request)
 {
-    const Notification notification{.title = title, .body = body, .sound = sound};
-    if (readsMarkup_) {
-        notify(notification);
+    request_ = request;
+    ++attempt_;
+    if (abilities_) {
+        notify();
     } else {
-        askCapabilities(notification);
+        askCapabilities();
     }
 }
 
-void DesktopNotificationServer::askCapabilities(const Notification &notification)
+void DesktopNotificationServer::askCapabilities()
 {
-    call(message(QStringLiteral("GetCapabilities")),
-         [this, notification](const QDBusMessage &answer) {
-             if (answer.type() == QDBusMessage::ReplyMessage) {
-                 readsMarkup_ = answer.arguments().value(0).toStringList().contains(
-                     QLatin1StringView{"body-markup"});
-                 notify(notification);
+    state_ = State::Asking;
+    call(message(QStringLiteral("GetCapabilities")), static_cast<int>(timeout_.count()),
+         [this](const QDBusMessage &answer) {
+             if (answer.type() != QDBusMessage::ReplyMessage) {
+                 fail(Failure::Unavailable);
+                 return;
+             }
+             const QStringList words = answer.arguments().value(0).toStringList();
+             const Abilities abilities{.markup = words.contains(QLatin1StringView{"body-markup"}),
+                                       .clicks = words.contains(QLatin1StringView{"actions"})};
+             if (abilities.clicks) {
+                 askName(abilities);
              } else {
-                 emit refused();
+                 abilities_ = abilities;
+                 notify();
              }
          });
 }
 
-void DesktopNotificationServer::notify(const Notification &notification)
+void DesktopNotificationServer::askName(Abilities abilities)
+{
+    call(message(QStringLiteral("GetServerInformation")), static_cast<int>(timeout_.count()),
+         [this, abilities](const QDBusMessage &answer) {
+             if (!isFromServer(answer)) {
+                 fail(Failure::Unavailable);
+                 return;
+             }
+             // Name, vendor and version; of a server that does not tell them, nothing bad is known.
+             const QVariantList information = answer.arguments();
+             abilities_ = abilities;
+             abilities_->clicks = !drawsClickAction(information.value(0).toString(),
+                                                    information.value(2).toString());
+             notify();
+         });
+}
+
+void DesktopNotificationServer::notify()
 {
     QVariantMap hints{
         {QStringLiteral("desktop-entry"), busNames::application},
         {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)},
     };
-    if (notification.sound == NotificationRequest::defaultSound) {
+    if (request_.sound == NotificationRequest::defaultSound) {
         hints.insert(QStringLiteral("sound-name"), QStringLiteral("message-new-instant"));
     }
     QDBusMessage notify = message(QStringLiteral("Notify"));
-    notify << QStringLiteral("Norvane") << 0U << busNames::application << notification.title
-           << (readsMarkup_.value_or(false) ? asMarkup(notification.body) : notification.body)
-           << QStringList{} << hints << untilTheServerDecides;
+    notify << QStringLiteral("Norvane") << 0U << busNames::application << request_.title
+           << (abilities_->markup ? asMarkup(request_.body) : request_.body)
+           << (abilities_->clicks ? clickAction : QStringList{}) << hints << untilTheServerDecides;
 
-    isAsking_ = true;
+    state_ = State::Notifying;
+    answerTimer_.start(timeout_);
+    ++unanswered_;
     listenIfNeeded();
-    call(notify, [this](const QDBusMessage &answer) {
-        isAsking_ = false;
-        const QSet<uint> closed = std::exchange(closedMeanwhile_, {});
-        const bool isTaken = answer.type() == QDBusMessage::ReplyMessage;
-        const uint id = answer.arguments().value(0).toUInt();
-        if (isTaken && !closed.contains(id)) {
-            onScreen_.insert(id);
-        }
-        listenIfNeeded();
-        if (isTaken) {
-            emit shown();
-        } else {
-            emit refused();
-        }
-    });
+    call(notify, noTimeout,
+         [this, request = request_, attempt = attempt_, owner = owner_](
+             const QDBusMessage &answer) { notifyAnswered(request, attempt, owner, answer); });
 }
 
-/// The signal tells of every program's notifications, and each would wake this one up: it is
+void DesktopNotificationServer::notifyAnswered(const NotificationRequest &request, int attempt,
+                                               int owner, const QDBusMessage &answer)
+{
+    --unanswered_;
+    const bool isTaken = answer.type() == QDBusMessage::ReplyMessage;
+    const uint id = answer.arguments().value(0).toUInt();
+    if (isTaken && owner == owner_ && !closedMeanwhile_.contains(id)) {
+        onScreen_.insert(id);
+    }
+    if (unanswered_ == 0) {
+        closedMeanwhile_.clear();
+    }
+    listenIfNeeded();
+    const bool isCurrent = attempt == attempt_ && state_ != State::Idle;
+    if (isTaken) {
+        if (isCurrent) {
+            state_ = State::Idle;
+            answerTimer_.stop();
+        }
+        emit shown(request);
+    } else if (isCurrent) {
+        fail(isFromServer(answer) ? Failure::Refused : Failure::Unavailable);
+    }
+}
+
+/// One answer is enough, however late. So that calls do not pile up at a server that never lives
+/// again, and none of the few is the one that was lost, the pauses between them grow.
+void DesktopNotificationServer::askWhetherItLives()
+{
+    state_ = State::Hanging;
+    answerTimer_.start(std::min<std::chrono::milliseconds>(answerTimer_.intervalAsDuration() * 2,
+                                                           longestCheckPause));
+    call(message(QStringLiteral("GetCapabilities")), noTimeout,
+         [this, attempt = attempt_](const QDBusMessage &answer) {
+             if (isFromServer(answer) && attempt == attempt_ && state_ == State::Hanging) {
+                 fail(Failure::Unanswered);
+             }
+         });
+}
+
+void DesktopNotificationServer::fail(Failure failure)
+{
+    state_ = State::Idle;
+    answerTimer_.stop();
+    emit failed(failure);
+}
+
+/// The signals tell of every program's notifications, and each would wake this one up: they are
 /// listened to only as long as there may be something to hear about.
 void DesktopNotificationServer::listenIfNeeded()
 {
-    const bool needed = isAsking_ || isShowing();
+    const bool needed = unanswered_ > 0 || isShowing();
     if (needed == isListening_) {
         return;
     }
     isListening_ = needed;
-    const QString signal = QStringLiteral("NotificationClosed");
-    if (needed) {
-        bus_.connect(QString{}, path, service, signal, this, SLOT(closed(uint)));
-    } else {
-        bus_.disconnect(QString{}, path, service, signal, this, SLOT(closed(uint)));
+    const bool isDone =
+        listen(needed, QStringLiteral("NotificationClosed"), SLOT(closed(uint))) &&
+        listen(needed, QStringLiteral("ActionInvoked"), SLOT(actionInvoked(uint, QString))) &&
+        listen(needed, QStringLiteral("ActivationToken"), SLOT(tokenGiven(uint, QString)));
+    if (!isDone) {
+        qWarning("What becomes of notifications on the screen cannot be followed.");
     }
+}
+
+bool DesktopNotificationServer::listen(bool on, const QString &signal, const char *slot)
+{
+    return on ? bus_.connect(QString{}, path, service, signal, this, slot)
+              : bus_.disconnect(QString{}, path, service, signal, this, slot);
 }
 
 void DesktopNotificationServer::closed(uint id)
 {
-    if (isAsking_) {
+    if (unanswered_ > 0) {
         closedMeanwhile_.insert(id); // Possibly what the answer, not looked at yet, will be about.
     }
     if (onScreen_.remove(id) && onScreen_.isEmpty()) {
@@ -131,27 +222,41 @@ void DesktopNotificationServer::closed(uint id)
     }
 }
 
+void DesktopNotificationServer::tokenGiven(uint id, const QString &token)
+{
+    token_ = {id, token};
+}
+
+/// The token, where the server has one, comes just before.
+void DesktopNotificationServer::actionInvoked(uint id, const QString &action)
+{
+    if (onScreen_.contains(id) && action == clickAction.first()) {
+        emit clicked(token_.first == id ? token_.second : QString{});
+    }
+    token_ = {};
+}
+
 void DesktopNotificationServer::ownerChanged(const QString &oldOwner, const QString &newOwner)
 {
-    readsMarkup_.reset();
+    ++owner_;
+    abilities_.reset();
     if (!onScreen_.isEmpty()) {
         onScreen_.clear(); // They went with the server that showed them.
         listenIfNeeded();
         emit screenCleared();
     }
-    if (!oldOwner.isEmpty()) {
-        emit vanished();
+    if (!oldOwner.isEmpty() && (state_ == State::Notifying || state_ == State::Hanging)) {
+        fail(newOwner.isEmpty() ? Failure::Died : Failure::Unavailable);
     }
     if (!newOwner.isEmpty()) {
         emit appeared();
     }
 }
 
-void DesktopNotificationServer::call(const QDBusMessage &message,
-                                     const std::function<void(const QDBusMessage &)> &answered)
+void DesktopNotificationServer::call(const QDBusMessage &message, int timeout,
+                                     const Answered &answered)
 {
-    auto *const watcher = new QDBusPendingCallWatcher{
-        bus_.asyncCall(message, static_cast<int>(patience_.count())), this};
+    auto *const watcher = new QDBusPendingCallWatcher{bus_.asyncCall(message, timeout), this};
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, answered] {
         watcher->deleteLater();
         answered(watcher->reply());

@@ -4,54 +4,81 @@
 #pragma once
 
 #include "notifier/NotificationServer.h"
+#include "platform/NotificationRequest.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QSet>
+#include <QString>
+#include <QTimer>
 
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace norvane {
 
 /// The server behind org.freedesktop.Notifications on the session bus.
+///
+/// A notification that has no answer within the timeout may be lost, or the server hangs with the
+/// notification in its queue, and would show it twice if it was sent again. Which of both it is
+/// shows a call that has no effect: the server answers it once it lives again. Answers are waited
+/// for without limit, as long as the server exists.
 class DesktopNotificationServer final : public NotificationServer {
     Q_OBJECT
 
 public:
-    /// A call that has no answer within `patience` counts as refused.
-    DesktopNotificationServer(const QDBusConnection &bus, std::chrono::milliseconds patience,
+    DesktopNotificationServer(const QDBusConnection &bus, std::chrono::milliseconds timeout,
                               QObject *parent = nullptr);
 
-    void show(const QString &title, const QString &body, const QString &sound) override;
+    void show(const NotificationRequest &request) override;
     [[nodiscard]] bool isShowing() const override { return !onScreen_.isEmpty(); }
 
 private slots:
     void closed(uint id);
+    void actionInvoked(uint id, const QString &action);
+    void tokenGiven(uint id, const QString &token);
 
 private:
-    struct Notification {
-        QString title;
-        QString body;
-        QString sound;
+    enum class State {
+        Idle,
+        Asking,    ///< What the server can do.
+        Notifying, ///< The server has the notification, for no longer than the timeout.
+        Hanging    ///< The same, for longer: it is asked whether it lives.
     };
+    struct Abilities {
+        bool markup = false; ///< It reads the body as markup.
+        bool clicks = false; ///< It tells of clicks, and draws nothing for that.
+    };
+    using Answered = std::function<void(const QDBusMessage &)>;
 
-    void askCapabilities(const Notification &notification);
-    void notify(const Notification &notification);
+    void askCapabilities();
+    void askName(Abilities abilities);
+    void notify();
+    void notifyAnswered(const NotificationRequest &request, int attempt, int owner,
+                        const QDBusMessage &answer);
+    void askWhetherItLives();
+    void fail(Failure failure);
     void listenIfNeeded();
+    [[nodiscard]] bool listen(bool on, const QString &signal, const char *slot);
     void ownerChanged(const QString &oldOwner, const QString &newOwner);
-    void call(const QDBusMessage &message,
-              const std::function<void(const QDBusMessage &)> &answered);
+    void call(const QDBusMessage &message, int timeout, const Answered &answered);
 
     QDBusConnection bus_;
-    const std::chrono::milliseconds patience_;
+    const std::chrono::milliseconds timeout_;
     QDBusServiceWatcher watcher_;
-    std::optional<bool> readsMarkup_; ///< Unknown until the server that is there was asked.
-    QSet<uint> onScreen_;             ///< What the server called the notifications it may show.
-    bool isAsking_ = false;           ///< A notification is on its way to the server.
-    QSet<uint> closedMeanwhile_;      ///< What was closed, by whomever, while one is on its way.
+    State state_ = State::Idle;
+    NotificationRequest request_; ///< What show() was given last.
+    int attempt_ = 0; ///< Calls of show(), so that a late answer is known for what it is.
+    int owner_ = 0;   ///< Servers that came and went.
+    QTimer answerTimer_;
+    std::optional<Abilities> abilities_; ///< Unknown until the server that is there was asked.
+    QSet<uint> onScreen_;                ///< What the server called the notifications it may show.
+    int unanswered_ = 0;                 ///< Calls with a notification that have no answer yet.
+    QSet<uint> closedMeanwhile_;         ///< What was closed, by whomever, during such a call.
+    std::pair<uint, QString> token_;     ///< Of the notification that was clicked on last.
     bool isListening_ = false;
 };
 

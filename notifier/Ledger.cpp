@@ -55,19 +55,6 @@ OutboxEntry entryAt(const QSqlQuery &row)
     return {.request = requestAt(row), .due = moment(row.value(5))};
 }
 
-/// The identifiers of one trial, as a range that an index can look up and a closer look.
-struct Siblings {
-    QString trial;
-    QString after = trial + u'-';
-    QString before = trial + u'.'; // What follows the hyphen in the order of characters.
-
-    explicit Siblings(const QString &identifier) : trial{trialOf(identifier).toString()} {}
-    [[nodiscard]] bool include(const QString &identifier) const
-    {
-        return trialOf(identifier) == trial;
-    }
-};
-
 } // namespace
 
 Ledger::Ledger(const QString &folder, std::function<void()> leftDisk)
@@ -75,41 +62,88 @@ Ledger::Ledger(const QString &folder, std::function<void()> leftDisk)
 {
 }
 
-std::vector<NotificationRequest> Ledger::pending()
+/// Runs the statement and gives its rows to `take`, as long as that returns true.
+void Ledger::forEach(const QString &statement, const QVariantList &values,
+                     const std::function<bool(const QSqlQuery &row)> &take)
 {
-    std::vector<NotificationRequest> requests;
-    QSqlQuery &rows =
-        storage_.run(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\" FROM "
-                                    "pending WHERE lapsed IS NULL ORDER BY \"trigger\", "
-                                    "number"));
-    while (rows.next()) {
-        requests.push_back(requestAt(rows));
+    QSqlQuery &rows = storage_.run(statement, values);
+    while (storage_.next(rows) && take(rows)) {
     }
     rows.finish();
-    return requests;
+}
+
+std::optional<std::vector<NotificationRequest>> Ledger::pending()
+{
+    std::vector<NotificationRequest> requests;
+    const bool isRead = storage_.read([&] {
+        forEach(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\" FROM pending "
+                               "WHERE lapsed IS NULL ORDER BY \"trigger\", number"),
+                {}, [&](const QSqlQuery &row) {
+                    requests.push_back(requestAt(row));
+                    return true;
+                });
+    });
+    return isRead ? std::optional{std::move(requests)} : std::nullopt;
+}
+
+std::optional<qint64> Ledger::pendingSize()
+{
+    qint64 size = 0;
+    const bool isRead = storage_.read([&] {
+        size =
+            firstNumber(
+                QStringLiteral(
+                    "SELECT total(length(CAST(identifier AS BLOB)) + length(CAST(title AS BLOB)) + "
+                    "length(CAST(body AS BLOB)) + length(CAST(sound AS BLOB)) + "
+                    "length(\"trigger\")) "
+                    "FROM pending WHERE lapsed IS NULL"))
+                .value_or(0);
+    });
+    return isRead ? std::optional{size} : std::nullopt;
+}
+
+bool Ledger::hasPending()
+{
+    bool has = false;
+    const bool isRead = storage_.read([&] { has = earliestDue().has_value(); });
+    return has || !isRead;
+}
+
+qint64 Ledger::count()
+{
+    return firstNumber(QStringLiteral("SELECT (SELECT count(*) FROM pending) + "
+                                      "(SELECT count(*) FROM outbox)"))
+        .value_or(0);
 }
 
 std::optional<sys_seconds> Ledger::earliestDue()
 {
-    QSqlQuery &row = storage_.run(
+    const std::optional<qint64> due = firstNumber(
         QStringLiteral("SELECT due FROM pending WHERE lapsed IS NULL ORDER BY due LIMIT 1"));
-    const std::optional<sys_seconds> earliest =
-        row.next() ? std::optional{moment(row.value(0))} : std::nullopt;
-    row.finish();
-    return earliest;
+    return due ? std::optional{sys_seconds{seconds{*due}}} : std::nullopt;
+}
+
+/// The first column of the first row, if there is one.
+std::optional<qint64> Ledger::firstNumber(const QString &statement, const QVariantList &values)
+{
+    std::optional<qint64> number;
+    forEach(statement, values, [&](const QSqlQuery &row) {
+        number = row.value(0).toLongLong();
+        return false;
+    });
+    return number;
 }
 
 std::vector<Ledger::Pending> Ledger::listed(const QString &statement, const QVariantList &values)
 {
     std::vector<Pending> result;
-    QSqlQuery &rows = storage_.run(statement, values);
-    while (rows.next()) {
-        result.push_back({.number = rows.value(0).toLongLong(),
-                          .identifier = rows.value(1).toString(),
-                          .trigger = minute(rows.value(2)),
-                          .due = moment(rows.value(3))});
-    }
-    rows.finish();
+    forEach(statement, values, [&](const QSqlQuery &row) {
+        result.push_back({.number = row.value(0).toLongLong(),
+                          .identifier = row.value(1).toString(),
+                          .trigger = minute(row.value(2)),
+                          .due = moment(row.value(3))});
+        return true;
+    });
     return result;
 }
 
@@ -134,16 +168,6 @@ void Ledger::add(const NotificationRequest &request, sys_seconds due)
          request.trigger.text(), number(due)});
 }
 
-void Ledger::removeAllPending()
-{
-    storage_.change(QStringLiteral("DELETE FROM pending"));
-}
-
-void Ledger::drop(qint64 number)
-{
-    storage_.change(QStringLiteral("DELETE FROM pending WHERE number = ?"), {number});
-}
-
 void Ledger::moveToOutbox(qint64 number)
 {
     storage_.change(
@@ -151,7 +175,7 @@ void Ledger::moveToOutbox(qint64 number)
                        "SELECT identifier, title, body, sound, \"trigger\", due FROM pending "
                        "WHERE number = ?"),
         {number});
-    drop(number);
+    removePending(number);
 }
 
 void Ledger::lapse(qint64 number, sys_seconds now)
@@ -167,7 +191,7 @@ void Ledger::lapseWaiting(const NotificationRequest &request, sys_seconds now)
                                    "sound, \"trigger\", due, ? FROM outbox WHERE identifier = ? "
                                    "AND \"trigger\" = ?"),
                     {number(now), request.identifier, request.trigger.text()});
-    strike(request);
+    removeFromOutbox(request);
 }
 
 void Ledger::reviveLapsed(sys_seconds now)
@@ -183,17 +207,22 @@ void Ledger::setDue(qint64 number, sys_seconds due)
                     {norvane::number(due), number});
 }
 
-std::optional<OutboxEntry> Ledger::outboxHead()
+std::optional<OutboxEntry>
+Ledger::firstInOutbox(const std::function<bool(const OutboxEntry &)> &accept)
 {
-    QSqlQuery &row = storage_.run(QStringLiteral("SELECT identifier, title, body, sound, "
-                                                 "\"trigger\", due FROM outbox ORDER BY number "
-                                                 "LIMIT 1"));
-    std::optional<OutboxEntry> head = row.next() ? std::optional{entryAt(row)} : std::nullopt;
-    row.finish();
-    return head;
+    std::optional<OutboxEntry> found;
+    forEach(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\", due FROM outbox "
+                           "ORDER BY number"),
+            {}, [&](const QSqlQuery &row) {
+                if (OutboxEntry entry = entryAt(row); accept(entry)) {
+                    found = std::move(entry);
+                }
+                return !found;
+            });
+    return found;
 }
 
-void Ledger::strike(const NotificationRequest &request)
+void Ledger::removeFromOutbox(const NotificationRequest &request)
 {
     storage_.change(QStringLiteral("DELETE FROM outbox WHERE identifier = ? AND \"trigger\" = ?"),
                     {request.identifier, request.trigger.text()});
@@ -207,50 +236,41 @@ void Ledger::rememberDelivered(const NotificationRequest &request, sys_seconds n
 
 bool Ledger::cameAlready(const QString &identifier, const WallClockMinute &trigger)
 {
-    QSqlQuery &row =
-        storage_.run(QStringLiteral("SELECT 1 FROM delivered WHERE identifier = ? AND "
-                                    "\"trigger\" = ? UNION ALL SELECT 1 FROM outbox WHERE "
-                                    "identifier = ? AND \"trigger\" = ?"),
-                     {identifier, trigger.text(), identifier, trigger.text()});
-    const bool came = row.next();
-    row.finish();
-    return came;
+    return firstNumber(QStringLiteral("SELECT 1 FROM delivered WHERE identifier = ? AND "
+                                      "\"trigger\" = ? UNION ALL SELECT 1 FROM outbox WHERE "
+                                      "identifier = ? AND \"trigger\" = ?"),
+                       {identifier, trigger.text(), identifier, trigger.text()})
+        .has_value();
 }
 
 bool Ledger::laterCame(const QString &identifier, const WallClockMinute &trigger)
 {
-    const Siblings siblings{identifier};
-    QSqlQuery &rows =
-        storage_.run(QStringLiteral("SELECT identifier FROM delivered WHERE identifier > ? AND "
-                                    "identifier < ? AND \"trigger\" > ? UNION ALL SELECT "
-                                    "identifier FROM outbox WHERE identifier > ? AND "
-                                    "identifier < ? AND \"trigger\" > ?"),
-                     {siblings.after, siblings.before, trigger.text(), siblings.after,
-                      siblings.before, trigger.text()});
+    const TrialRange range{identifier};
     bool came = false;
-    while (!came && rows.next()) {
-        came = siblings.include(rows.value(0).toString());
-    }
-    rows.finish();
+    forEach(QStringLiteral("SELECT identifier FROM delivered WHERE identifier > ? AND "
+                           "identifier < ? AND \"trigger\" > ? UNION ALL SELECT identifier FROM "
+                           "outbox WHERE identifier > ? AND identifier < ? AND \"trigger\" > ?"),
+            {range.after, range.before, trigger.text(), range.after, range.before, trigger.text()},
+            [&](const QSqlQuery &row) {
+                came = range.include(row.value(0).toString());
+                return !came;
+            });
     return came;
 }
 
 std::vector<OutboxEntry> Ledger::earlierWaiting(const QString &identifier,
                                                 const WallClockMinute &trigger)
 {
-    const Siblings siblings{identifier};
+    const TrialRange range{identifier};
     std::vector<OutboxEntry> entries;
-    QSqlQuery &rows =
-        storage_.run(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\", due FROM "
-                                    "outbox WHERE identifier > ? AND identifier < ? AND "
-                                    "\"trigger\" < ?"),
-                     {siblings.after, siblings.before, trigger.text()});
-    while (rows.next()) {
-        if (siblings.include(rows.value(0).toString())) {
-            entries.push_back(entryAt(rows));
-        }
-    }
-    rows.finish();
+    forEach(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\", due FROM outbox "
+                           "WHERE identifier > ? AND identifier < ? AND \"trigger\" < ?"),
+            {range.after, range.before, trigger.text()}, [&](const QSqlQuery &row) {
+                if (range.include(row.value(0).toString())) {
+                    entries.push_back(entryAt(row));
+                }
+                return true;
+            });
     return entries;
 }
 
@@ -258,6 +278,11 @@ void Ledger::forgetBefore(sys_seconds moment)
 {
     storage_.change(QStringLiteral("DELETE FROM delivered WHERE at < ?"), {number(moment)});
     storage_.change(QStringLiteral("DELETE FROM pending WHERE lapsed < ?"), {number(moment)});
+}
+
+void Ledger::forgetDeliveredAfter(sys_seconds moment)
+{
+    storage_.change(QStringLiteral("DELETE FROM delivered WHERE at > ?"), {number(moment)});
 }
 
 void Ledger::remove(const QStringList &identifiers)

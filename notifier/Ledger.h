@@ -4,7 +4,6 @@
 #pragma once
 
 #include "notifier/LedgerStorage.h"
-#include "notifier/OutboxEntry.h"
 #include "platform/NotificationRequest.h"
 
 #include <QString>
@@ -17,6 +16,12 @@
 #include <vector>
 
 namespace norvane {
+
+/// A request whose minute has come, on its way to the screen.
+struct OutboxEntry {
+    NotificationRequest request;
+    std::chrono::sys_seconds due; ///< When its minute began.
+};
 
 /// The notification centre's memory: what is pending, what waits for the screen (the outbox), and
 /// what was delivered lately.
@@ -45,24 +50,42 @@ public:
     }
     [[nodiscard]] bool isOnDisk() const { return storage_.isOnDisk(); }
     [[nodiscard]] bool goBackToDisk() { return storage_.goBackToDisk(); }
-    void relax() { storage_.relax(); }
+    void checkFile() { storage_.checkFile(); }
+    void shrinkMemory() { storage_.shrinkMemory(); }
 
     // Pending requests that may still come, and changes of them.
-    [[nodiscard]] std::vector<NotificationRequest> pending(); ///< Ordered by trigger.
+    /// Ordered by trigger; nothing when they cannot be read.
+    [[nodiscard]] std::optional<std::vector<NotificationRequest>> pending();
+    /// The bytes of UTF-8 in the texts of all pending requests; nothing when they cannot be read.
+    [[nodiscard]] std::optional<qint64> pendingSize();
+    /// True as well when that cannot be read.
+    [[nodiscard]] bool hasPending();
+    /// Whether there is a request of this identifier that is pending, or lapsed.
+    [[nodiscard]] bool isPending(const QString &identifier)
+    {
+        return firstNumber(QStringLiteral("SELECT 1 FROM pending WHERE identifier = ?"),
+                           {identifier})
+            .has_value();
+    }
+    /// How many requests there are: pending, lapsed and in the outbox.
+    [[nodiscard]] qint64 count();
     [[nodiscard]] std::optional<std::chrono::sys_seconds> earliestDue();
     [[nodiscard]] std::vector<Pending> dueAt(std::chrono::sys_seconds now); ///< In order of due.
     /// Replaces a pending request with the same identifier.
     void add(const NotificationRequest &request, std::chrono::sys_seconds due);
-    void removeAllPending();
-    void drop(qint64 number);
+    void removeAllPending() { storage_.change(QStringLiteral("DELETE FROM pending")); }
+    void removePending(qint64 number)
+    {
+        storage_.change(QStringLiteral("DELETE FROM pending WHERE number = ?"), {number});
+    }
     void moveToOutbox(qint64 number);
 
-    // Requests that came too late to be worth showing. They no longer count as pending.
+    // Requests that came too late to be worth showing. They are kept, but are no longer pending.
     void lapse(qint64 number, std::chrono::sys_seconds now);
     /// The same for one that waits in the outbox, unless another of its identifier is pending.
     void lapseWaiting(const NotificationRequest &request, std::chrono::sys_seconds now);
-    /// Those that lapsed because the clock was wrong pend again: what lies ahead after all, and
-    /// what lapsed at a moment that is still to come.
+    /// Those that lapsed because the clock was wrong are pending again: what is due later than
+    /// `now`, and what lapsed at a moment later than `now`.
     void reviveLapsed(std::chrono::sys_seconds now);
 
     // Everything that has a due moment, lapsed requests included: for a change of zone.
@@ -70,8 +93,14 @@ public:
     void setDue(qint64 number, std::chrono::sys_seconds due);
 
     // The outbox and what went through it. A request is known there by identifier and trigger.
-    [[nodiscard]] std::optional<OutboxEntry> outboxHead();
-    void strike(const NotificationRequest &request);
+    [[nodiscard]] std::optional<OutboxEntry> outboxHead()
+    {
+        return firstInOutbox([](const OutboxEntry &) { return true; });
+    }
+    /// The first in order that is accepted.
+    [[nodiscard]] std::optional<OutboxEntry>
+    firstInOutbox(const std::function<bool(const OutboxEntry &)> &accept);
+    void removeFromOutbox(const NotificationRequest &request);
     void rememberDelivered(const NotificationRequest &request, std::chrono::sys_seconds now);
     /// Whether a request of this identifier and minute is in the outbox or was delivered lately.
     [[nodiscard]] bool cameAlready(const QString &identifier, const WallClockMinute &trigger);
@@ -82,13 +111,19 @@ public:
                                                           const WallClockMinute &trigger);
     /// Forgets what was delivered, or lapsed, before this moment.
     void forgetBefore(std::chrono::sys_seconds moment);
+    /// Forgets what was delivered after this moment, which lies ahead: the clock was wrong then.
+    void forgetDeliveredAfter(std::chrono::sys_seconds moment);
 
     /// Removes what has one of these identifiers, from the pending requests and from the outbox.
     void remove(const QStringList &identifiers);
 
 private:
+    void forEach(const QString &statement, const QVariantList &values,
+                 const std::function<bool(const QSqlQuery &row)> &take);
     [[nodiscard]] std::vector<Pending> listed(const QString &statement,
                                               const QVariantList &values = {});
+    [[nodiscard]] std::optional<qint64> firstNumber(const QString &statement,
+                                                    const QVariantList &values = {});
 
     LedgerStorage storage_;
 };

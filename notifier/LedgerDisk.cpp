@@ -3,6 +3,8 @@
 
 #include "notifier/LedgerDisk.h"
 
+#include "notifier/LedgerTables.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -15,6 +17,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include <sys/stat.h>
+
 namespace norvane {
 
 namespace {
@@ -22,11 +26,32 @@ namespace {
 constexpr QFile::Permissions ownerFile = QFile::ReadOwner | QFile::WriteOwner;
 constexpr QFile::Permissions ownerFolder = ownerFile | QFile::ExeOwner;
 
-/// SQLite's codes for a file that is no database, or no longer one.
+/// SQLite's code for an error, without the details.
+int codeOf(const QSqlError &error)
+{
+    return error.nativeErrorCode().toInt() & 0xff;
+}
+
+/// A file that is no database, or no longer one (SQLITE_CORRUPT, SQLITE_NOTADB).
 bool isDamage(const QSqlError &error)
 {
-    const int code = error.nativeErrorCode().toInt() & 0xff;
-    return code == 11 || code == 26;
+    return codeOf(error) == 11 || codeOf(error) == 26;
+}
+
+/// Tables that do not take what is written to them (SQLITE_ERROR, SQLITE_CONSTRAINT,
+/// SQLITE_MISMATCH).
+bool isOfOtherTables(const QSqlError &error)
+{
+    return codeOf(error) == 1 || codeOf(error) == 19 || codeOf(error) == 20;
+}
+
+/// What a path itself is, without following it where it is a link. Nothing where there is nothing.
+std::optional<mode_t> kindOf(const QString &path)
+{
+    struct stat status = {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0
+               ? std::optional{status.st_mode & S_IFMT}
+               : std::nullopt;
 }
 
 /// The file as SQLite's ATTACH takes it.
@@ -54,13 +79,17 @@ LedgerDisk::LedgerDisk(const QString &folder)
 {
 }
 
-LedgerDisk::State LedgerDisk::attach(QSqlDatabase &database, std::chrono::milliseconds patience)
+LedgerDisk::State LedgerDisk::attach(QSqlDatabase &database, std::chrono::milliseconds timeout)
 {
     const bool isThere = makeFolder();
-    if (lock_.take(folder_, patience) == FolderLock::Answer::Held) {
+    if (!lock_ || locked_ != identityOf(folder_)) {
+        lock_.emplace(); // The lock on a folder that was removed keeps nobody out of the new one.
+        locked_ = identityOf(folder_);
+    }
+    if (lock_->take(folder_, timeout) == FolderLock::Answer::Held) {
         return State::InUse;
     }
-    if (!isThere) {
+    if (!isThere || !isFile()) {
         return State::Unwritable;
     }
     State state = tryAttach(database);
@@ -68,7 +97,33 @@ LedgerDisk::State LedgerDisk::attach(QSqlDatabase &database, std::chrono::millis
         setAside(QLatin1StringView{state == State::Damaged ? "damaged" : "other-version"});
         state = tryAttach(database);
     }
+    attached_ = identities();
     return state;
+}
+
+LedgerDisk::Identity LedgerDisk::identityOf(const QString &path)
+{
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0
+               ? Identity{{status.st_dev, status.st_ino}}
+               : std::nullopt;
+}
+
+std::array<LedgerDisk::Identity, 2> LedgerDisk::identities() const
+{
+    return {identityOf(path_), identityOf(path_ + QLatin1StringView{"-wal"})};
+}
+
+bool LedgerDisk::isInPlace() const
+{
+    return identities() == attached_;
+}
+
+/// Whether the path leads to an ordinary file. Opening a pipe or a device could block, or do harm.
+bool LedgerDisk::isFile() const
+{
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path_).constData(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 bool LedgerDisk::attachForReading(QSqlDatabase &database) const
@@ -77,13 +132,16 @@ bool LedgerDisk::attachForReading(QSqlDatabase &database) const
         return true;
     }
     detach(database);
+    if (!isFile()) {
+        return false;
+    }
     QSqlQuery query{database};
     if (attachFile(query, attachment(path_, QLatin1StringView{"?mode=ro"})) &&
         isReadable(database)) {
         return true;
     }
     detach(database);
-    // The log beside the file may be what cannot be opened. It may be ignored only when empty.
+    // Perhaps only the log beside the file cannot be opened. When it is empty, it is not needed.
     if (QFileInfo{path_ + QLatin1StringView{"-wal"}}.size() == 0 &&
         attachFile(query, attachment(path_, QLatin1StringView{"?mode=ro&immutable=1"})) &&
         isReadable(database)) {
@@ -112,13 +170,18 @@ bool LedgerDisk::makeFolder() const
         !(QDir{}.mkpath(QFileInfo{folder_}.path()) && QDir{}.mkdir(folder_, ownerFolder))) {
         return false;
     }
-    QFile::setPermissions(folder_, ownerFolder);
+    // Where the user has put a link, what it leads to keeps the permissions that it has.
+    if (kindOf(folder_) == S_IFDIR) {
+        QFile::setPermissions(folder_, ownerFolder);
+    }
     // Made here rather than by SQLite, so that nobody else can open it for even a moment.
     QFile file{path_};
     if (!file.exists() && !file.open(QFile::WriteOnly | QFile::NewOnly, ownerFile)) {
         return false;
     }
-    file.setPermissions(ownerFile);
+    if (kindOf(path_) == S_IFREG) {
+        file.setPermissions(ownerFile);
+    }
     return true;
 }
 
@@ -155,23 +218,34 @@ LedgerDisk::State LedgerDisk::tryAttach(QSqlDatabase &database) const
         detach(database);
         return State::OtherVersion;
     }
-    // The version is written every time: this is what finds out that writing works at all.
-    const bool written = query.exec(QStringLiteral("PRAGMA disk.journal_mode = WAL")) &&
-                         query.exec(QStringLiteral("PRAGMA disk.synchronous = FULL")) &&
-                         query.exec(QStringLiteral("PRAGMA disk.cache_size = -256")) &&
-                         query.exec(QStringLiteral("BEGIN")) &&
-                         (!fresh || createTables(database, QStringLiteral("disk"))) &&
-                         query.exec(QStringLiteral("PRAGMA disk.user_version = %1").arg(version)) &&
-                         query.exec(QStringLiteral("COMMIT"));
-    if (!written) {
-        const QSqlError error = query.lastError();
-        query.exec(QStringLiteral("ROLLBACK"));
-        if (isDamage(error)) {
-            detach(database);
-        }
-        return isDamage(error) ? State::Damaged : State::Unwritable;
+    return prepareForWriting(database, fresh);
+}
+
+LedgerDisk::State LedgerDisk::prepareForWriting(QSqlDatabase &database, bool isNew)
+{
+    QSqlQuery query{database};
+    // The version is written every time, because only that shows whether writing works at all.
+    const bool isWritten = query.exec(QStringLiteral("PRAGMA disk.journal_mode = WAL")) &&
+                           query.exec(QStringLiteral("PRAGMA disk.synchronous = FULL")) &&
+                           query.exec(QStringLiteral("PRAGMA disk.cache_size = -256")) &&
+                           query.exec(QStringLiteral("BEGIN")) &&
+                           (!isNew || ledgerTables::create(database, QStringLiteral("disk"))) &&
+                           query.exec(QStringLiteral("PRAGMA disk.user_version = %1").arg(version));
+    QSqlError error = isWritten ? ledgerTables::tryAll(database) : query.lastError();
+    const bool isOther = isWritten && isOfOtherTables(error);
+    if (!error.isValid() && !query.exec(QStringLiteral("COMMIT"))) {
+        error = query.lastError();
     }
-    return State::Ready;
+    if (isWritten && !error.isValid()) {
+        return State::Ready;
+    }
+    query.exec(QStringLiteral("ROLLBACK"));
+    query.clear();
+    if (isDamage(error) || isOther) {
+        detach(database);
+        return State::Damaged;
+    }
+    return State::Unwritable;
 }
 
 void LedgerDisk::setAside(QLatin1StringView reason) const
@@ -185,29 +259,6 @@ void LedgerDisk::setAside(QLatin1StringView reason) const
         QFile::rename(path_ + QLatin1StringView{part}, aside + QLatin1StringView{part});
     }
     std::ignore = makeFolder();
-}
-
-bool LedgerDisk::createTables(QSqlDatabase &database, const QString &schema)
-{
-    // due and lapsed are seconds since 1970 UTC; trigger is what due was worked out from. A lapsed
-    // request came too late to be worth showing; it is kept for the case that the clock is wrong.
-    static const QStringList tables{
-        QStringLiteral("CREATE TABLE %1.pending (number INTEGER PRIMARY KEY, "
-                       "identifier TEXT NOT NULL UNIQUE, title TEXT NOT NULL, body TEXT NOT NULL, "
-                       "sound TEXT NOT NULL, \"trigger\" TEXT NOT NULL, due INTEGER NOT NULL, "
-                       "lapsed INTEGER)"),
-        QStringLiteral("CREATE INDEX %1.pending_by_due ON pending (due) WHERE lapsed IS NULL"),
-        QStringLiteral("CREATE TABLE %1.outbox (number INTEGER PRIMARY KEY AUTOINCREMENT, "
-                       "identifier TEXT NOT NULL, title TEXT NOT NULL, body TEXT NOT NULL, "
-                       "sound TEXT NOT NULL, \"trigger\" TEXT NOT NULL, due INTEGER NOT NULL)"),
-        QStringLiteral("CREATE INDEX %1.outbox_by_identifier ON outbox (identifier)"),
-        QStringLiteral("CREATE TABLE %1.delivered (identifier TEXT NOT NULL, "
-                       "\"trigger\" TEXT NOT NULL, at INTEGER NOT NULL, "
-                       "PRIMARY KEY (identifier, \"trigger\")) WITHOUT ROWID"),
-    };
-    QSqlQuery query{database};
-    return std::ranges::all_of(tables,
-                               [&](const QString &table) { return query.exec(table.arg(schema)); });
 }
 
 } // namespace norvane

@@ -7,13 +7,18 @@
 
 #include <QString>
 
+#include <array>
 #include <chrono>
+#include <optional>
+#include <utility>
+
+#include <sys/types.h>
 
 class QSqlDatabase;
 
 namespace norvane {
 
-/// The database file behind the ledger: finding, checking and making it.
+/// The database file behind the ledger: finds, checks and makes it.
 ///
 /// The file is attached to a connection under the schema name `disk`. Folder and file belong to
 /// the user alone, and to one process at a time.
@@ -27,29 +32,39 @@ public:
     /// The folder is made when it is missing, on the first attach.
     explicit LedgerDisk(const QString &folder);
 
-    /// Attaches the file for writing, a fresh one where there is none. One that is damaged or of
-    /// another version is set aside under a new name, for whoever wants to look into it.
+    /// Attaches the file for writing, a fresh one where there is none. One that is damaged, has
+    /// other tables or is of another version is renamed, so that its content is not lost.
     ///
     /// An unwritable file may be attached all the same; a file in use is not.
-    /// For a process that has the folder to let go of it, this waits no longer than `patience`.
-    [[nodiscard]] State attach(QSqlDatabase &database, std::chrono::milliseconds patience);
-    /// Sees to it that all the file holds can be read; false, with nothing attached, where that is
-    /// not possible.
+    /// Waits no longer than `timeout` for another process to release the folder.
+    [[nodiscard]] State attach(QSqlDatabase &database, std::chrono::milliseconds timeout);
+    /// Attaches the file for reading where it is not attached or cannot be read as it is. False,
+    /// with nothing attached, where that is not possible.
     [[nodiscard]] bool attachForReading(QSqlDatabase &database) const;
+    /// Whether the attached file and its log are still those that their paths lead to. Looks at the
+    /// paths only: a file of the same process that is opened and closed again would take SQLite's
+    /// locks with it.
+    [[nodiscard]] bool isInPlace() const;
     static void detach(QSqlDatabase &database);
 
-    /// Makes the tables in the schema `main` or `disk`.
-    [[nodiscard]] static bool createTables(QSqlDatabase &database, const QString &schema);
-
 private:
+    /// What tells a file from every other: device and number.
+    using Identity = std::optional<std::pair<dev_t, ino_t>>;
+
+    [[nodiscard]] static Identity identityOf(const QString &path);
     [[nodiscard]] static bool isReadable(QSqlDatabase &database);
     [[nodiscard]] bool makeFolder() const;
+    [[nodiscard]] bool isFile() const;
     [[nodiscard]] State tryAttach(QSqlDatabase &database) const;
+    [[nodiscard]] static State prepareForWriting(QSqlDatabase &database, bool isNew);
+    [[nodiscard]] std::array<Identity, 2> identities() const;
     void setAside(QLatin1StringView reason) const;
 
     const QString folder_;
     const QString path_;
-    FolderLock lock_;
+    std::optional<FolderLock> lock_;
+    Identity locked_;                    ///< The folder that lock_ is for.
+    std::array<Identity, 2> attached_{}; ///< The file and its log, as they were attached.
 };
 
 } // namespace norvane

@@ -3,6 +3,9 @@
 
 #include "notifier/LedgerStorage.h"
 
+#include "notifier/LedgerTables.h"
+
+#include <QSqlError>
 #include <QStringList>
 
 #include <algorithm>
@@ -16,7 +19,7 @@ namespace {
 const QStringList tables{QStringLiteral("pending"), QStringLiteral("outbox"),
                          QStringLiteral("delivered")};
 
-/// From memory back to the file, in place of what it holds.
+/// Copies memory to the file, in place of what it holds.
 const QStringList replacing{
     QStringLiteral("DELETE FROM disk.pending"),
     QStringLiteral("DELETE FROM disk.outbox"),
@@ -26,7 +29,7 @@ const QStringList replacing{
     QStringLiteral("INSERT INTO disk.delivered SELECT * FROM main.delivered"),
 };
 
-/// From memory back to the file, on top of what it holds.
+/// Copies memory to the file, in addition to what it holds.
 const QStringList adding{
     QStringLiteral("DELETE FROM disk.outbox WHERE (identifier, \"trigger\") IN "
                    "(SELECT identifier, \"trigger\" FROM main.outbox)"),
@@ -42,7 +45,16 @@ const QStringList adding{
 };
 
 /// How long a start waits for a process that is about to end.
-constexpr std::chrono::seconds forPredecessor{3};
+constexpr std::chrono::seconds predecessorTimeout{3};
+
+/// How long a transaction waits for another program that looks into the file, in milliseconds.
+const QString waitForOthers = QStringLiteral("PRAGMA busy_timeout = 1000");
+const QString waitForNobody = QStringLiteral("PRAGMA busy_timeout = 0");
+
+void warnOfMemory()
+{
+    qWarning("Norvane's reminders cannot be written to disk; they are kept in memory for now.");
+}
 
 } // namespace
 
@@ -63,16 +75,19 @@ LedgerStorage::~LedgerStorage()
 bool LedgerStorage::open()
 {
     database_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection_);
-    database_.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=1000"));
+    database_.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI"));
     database_.setDatabaseName(QStringLiteral(":memory:"));
     if (!database_.open()) {
         return false;
     }
-    const LedgerDisk::State state = disk_.attach(database_, forPredecessor);
+    execute(waitForOthers);
+    const LedgerDisk::State state = disk_.attach(database_, predecessorTimeout);
     onDisk_ = state == LedgerDisk::State::Ready;
     if (state == LedgerDisk::State::InUse) {
-        startInMemory(); // What the file holds is for the other process to bring.
+        warnOfMemory();
+        startInMemory(); // The other process delivers what the file holds.
     } else if (!onDisk_) {
+        warnOfMemory();
         fallBackToMemory();
     }
     return true;
@@ -81,16 +96,20 @@ bool LedgerStorage::open()
 LedgerStorage::Outcome LedgerStorage::transact(const std::function<void()> &work)
 {
     if (!attempt(work) && onDisk_) {
+        warnOfMemory();
         fallBackToMemory();
-        std::ignore = attempt(work); // Memory that refuses is beyond help.
+        std::ignore = attempt(work); // When memory is exhausted too, nothing is left to try.
+    }
+    if (onDisk_ && !disk_.isInPlace()) {
+        replaceLostFile(work);
     }
     return onDisk_ ? Outcome::Durable : Outcome::InMemory;
 }
 
 bool LedgerStorage::attempt(const std::function<void()> &work)
 {
-    // At once for writing, because SQLite waits for somebody who just looks into the file only
-    // then.
+    // IMMEDIATE, because SQLite waits for other users of the file only when it takes the lock for
+    // writing at the beginning.
     if (!execute(QStringLiteral("BEGIN IMMEDIATE"))) {
         return false;
     }
@@ -103,18 +122,46 @@ bool LedgerStorage::attempt(const std::function<void()> &work)
     return false;
 }
 
-void LedgerStorage::relax()
+void LedgerStorage::checkFile()
+{
+    if (onDisk_ && !disk_.isInPlace()) {
+        replaceLostFile([] {});
+    }
+}
+
+void LedgerStorage::shrinkMemory()
 {
     execute(QStringLiteral("PRAGMA shrink_memory"));
 }
 
+bool LedgerStorage::read(const std::function<void()> &work)
+{
+    failed_ = false;
+    work();
+    return !failed_;
+}
+
+/// The file, its log or their folder was removed or replaced by somebody while it was in use. What
+/// is written to it still succeeds, but the next process would not find it. It can be read as long
+/// as it is open; the new file gets everything.
+void LedgerStorage::replaceLostFile(const std::function<void()> &work)
+{
+    qWarning("The file of Norvane's reminders was removed or replaced; it is written anew.");
+    fallBackToMemory();
+    if (!holdsAll_) {
+        std::ignore = attempt(work);
+    }
+    if (!goBackToDisk()) {
+        warnOfMemory();
+    }
+}
+
 void LedgerStorage::startInMemory()
 {
-    qWarning("Norvane's reminders cannot be written to disk; they are kept in memory for now.");
     onDisk_ = false;
     holdsAll_ = false;
     statements_.clear();
-    std::ignore = LedgerDisk::createTables(database_, QStringLiteral("main"));
+    std::ignore = ledgerTables::create(database_, QStringLiteral("main"));
     leftDisk_();
 }
 
@@ -131,8 +178,10 @@ void LedgerStorage::fallBackToMemory()
 
 bool LedgerStorage::goBackToDisk()
 {
-    statements_.clear(); // What is prepared holds on to the tables in memory.
+    statements_.clear(); // A prepared statement would go on using the tables in memory.
+    execute(waitForNobody);
     onDisk_ = disk_.attach(database_, {}) == LedgerDisk::State::Ready && copyToDisk();
+    execute(waitForOthers);
     statements_.clear();
     if (!onDisk_) {
         LedgerDisk::detach(database_);
@@ -147,7 +196,8 @@ bool LedgerStorage::goBackToDisk()
 bool LedgerStorage::copyToDisk()
 {
     return attempt([this] {
-        // Where the file could not be read when it was left, what it holds is still good.
+        // Where the file could not be read when memory took its place, it may hold more than
+        // memory.
         for (const QString &copy : holdsAll_ ? replacing : adding) {
             change(copy);
         }
@@ -178,7 +228,18 @@ QSqlQuery &LedgerStorage::run(const QString &statement, const QVariantList &valu
 
 void LedgerStorage::change(const QString &statement, const QVariantList &values)
 {
-    run(statement, values).finish();
+    QSqlQuery &query = run(statement, values);
+    query.finish();
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        query.bindValue(static_cast<int>(i), {}); // A long text would stay in memory.
+    }
+}
+
+bool LedgerStorage::next(QSqlQuery &query)
+{
+    const bool found = query.next();
+    failed_ |= !found && query.lastError().isValid();
+    return found;
 }
 
 } // namespace norvane

@@ -16,10 +16,14 @@
 namespace norvane {
 
 /// Where the ledger's tables are: in their file, or in memory while that cannot be written (no
-/// space, no permission, another process at it).
+/// space, no permission, another process uses it).
 ///
-/// Statements name the tables without more; they reach those that count. Changes are made inside
-/// transact() only. Needs a QCoreApplication; one thread only.
+/// The database connection is an empty database in memory, to which the file is attached. SQLite
+/// looks for a table in the connection's own database first and in attached ones after that. So the
+/// tables are made in the connection's own database only to work from memory, and dropped there on
+/// the way back; a statement names no database and always reaches the tables that are in use.
+///
+/// Changes are made inside transact() only. Needs a QCoreApplication; one thread only.
 class LedgerStorage final {
 public:
     enum class Outcome {
@@ -41,32 +45,41 @@ public:
     /// when the first attempt came to nothing on disk.
     Outcome transact(const std::function<void()> &work);
     [[nodiscard]] bool isOnDisk() const { return onDisk_; }
-    /// From memory back to the file, if it can be written again. What was in the file all the while
-    /// and could not be read joins what was in memory, also where memory saw it removed: better one
-    /// too many than one that was promised and lost. Not inside transact().
+    /// From memory back to the file, if it can be written again. What the file held, where it could
+    /// not be read before, is merged with what is in memory, also what was removed in memory: one
+    /// reminder too many is better than one that was promised and lost. Does not wait for another
+    /// process that uses the file. Not inside transact().
     [[nodiscard]] bool goBackToDisk();
-    /// Lets go of memory that is only there to be faster the next time.
-    void relax();
+    /// Where the file was removed or replaced since the last transaction, it is written anew.
+    void checkFile();
+    /// Frees SQLite's caches.
+    void shrinkMemory();
+    /// Whether everything that `work` reads, outside of transact(), could be read.
+    [[nodiscard]] bool read(const std::function<void()> &work);
 
     /// The statement, prepared once, with these values bound and executed. finish() it after use.
     QSqlQuery &run(const QString &statement, const QVariantList &values = {});
+    /// The query's next row. False at the end, and where reading fails.
+    [[nodiscard]] bool next(QSqlQuery &query);
+    /// For a statement without result: run, and finished.
     void change(const QString &statement, const QVariantList &values = {});
 
 private:
     [[nodiscard]] bool attempt(const std::function<void()> &work);
     void fallBackToMemory();
     void startInMemory();
+    void replaceLostFile(const std::function<void()> &work);
     [[nodiscard]] bool copyToDisk();
     bool execute(const QString &statement);
 
     LedgerDisk disk_;
     const std::function<void()> leftDisk_;
     const QString connection_;
-    QSqlDatabase database_; ///< An empty one in memory, with the file attached to it.
+    QSqlDatabase database_;
     std::map<QString, QSqlQuery> statements_;
     bool onDisk_ = false;
-    bool holdsAll_ = false; ///< Away from the disk: all that the file held is in memory.
-    bool failed_ = false;   ///< A statement of the running transaction came to nothing.
+    bool holdsAll_ = false; ///< While in memory: all that the file held was copied there.
+    bool failed_ = false;   ///< A statement of the running transaction, or read(), failed.
 };
 
 } // namespace norvane

@@ -3,8 +3,9 @@
 
 #pragma once
 
+#include "platform/NotificationRequest.h"
+
 #include <QObject>
-#include <QString>
 
 namespace norvane {
 
@@ -13,25 +14,36 @@ class NotificationServer : public QObject {
     Q_OBJECT
 
 public:
+    /// Why a notification was not shown, as far as that is known.
+    enum class Failure {
+        Unavailable, ///< There is no server, or it answers nothing, or another took its place.
+        Refused,     ///< The server answered that it does not take this one.
+        Died,        ///< The server went away while it had this one.
+        Unanswered   ///< The server answers other calls, but not the one with this notification.
+    };
+
     using QObject::QObject;
 
-    /// Hands one notification over: title and body as they are to read, whatever they hold. Exactly
-    /// one of shown() and refused() follows, from the event loop, within a bounded time; until then
-    /// the next must not be handed over.
-    virtual void show(const QString &title, const QString &body, const QString &sound) = 0;
+    /// Hands one notification over: its texts as they are to read, whatever they hold. shown() or
+    /// failed() follows, from the event loop; until then the next must not be handed over. A server
+    /// that hangs is waited for as long as it exists: what it was given is in its queue and may
+    /// still be shown.
+    virtual void show(const NotificationRequest &request) = 0;
     /// Whether something that was shown may still be on the screen.
     [[nodiscard]] virtual bool isShowing() const = 0;
 
 signals:
-    void shown();
-    /// It did not take the notification, or nobody knows whether it did: try again later.
-    void refused();
+    /// The server took it. May come late, after failed() was told of the same notification.
+    void shown(const norvane::NotificationRequest &request);
+    /// About the notification that was handed over last.
+    void failed(norvane::NotificationServer::Failure failure);
     /// A server is there that was not there before.
     void appeared();
-    /// The server is there no more, or no longer the one that is asked.
-    void vanished();
     /// isShowing() has become false.
     void screenCleared();
+    /// The user clicked on something that was shown. The token lets whoever reacts take the
+    /// keyboard focus; it may be empty.
+    void clicked(const QString &activationToken);
 };
 
 } // namespace norvane

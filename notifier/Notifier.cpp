@@ -13,44 +13,49 @@ namespace norvane {
 namespace {
 
 /// Bursts of calls come closer together than this.
-constexpr std::chrono::milliseconds restAfter{500};
+constexpr std::chrono::milliseconds betweenBursts{500};
 
-/// A disk that was full may have room again.
-constexpr std::chrono::seconds tryingDiskAfter{30};
+/// How long an end waits for the notification server's answer.
+constexpr std::chrono::seconds lastAnswerTimeout{1};
 
 } // namespace
 
 Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings)
     : bus_{bus},
       ledger_{settings.folder, [this] { backToDisk_.start(); }},
-      server_{bus, settings.patience},
+      server_{bus, settings.serverTimeout},
       scheduler_{ledger_, timer_, zone_, clock},
       courier_{ledger_, server_, clock, settings.pauses},
-      facade_{scheduler_, bus},
-      idleWatch_{settings.lingering, [this] { return isBusy(); }}
+      facade_{scheduler_, ledger_, bus}
 {
     connect(&scheduler_, &Scheduler::outboxChanged, &courier_, &Courier::deliver);
-    connect(&facade_, &ServiceFacade::called, this, &Notifier::stir);
-    connect(&courier_, &Courier::emptied, this, &Notifier::stir);
-    connect(&server_, &NotificationServer::screenCleared, this, &Notifier::stir);
-    rest_.setSingleShot(true);
-    rest_.setInterval(restAfter);
-    connect(&rest_, &QTimer::timeout, this, &Notifier::settle);
-    backToDisk_.setInterval(tryingDiskAfter);
+    connect(&facade_, &ServiceFacade::called, this, &Notifier::callCame);
+    connect(&courier_, &Courier::emptied, this, &Notifier::callCame);
+    connect(&server_, &NotificationServer::screenCleared, this, &Notifier::callCame);
+    connect(&server_, &NotificationServer::clicked, this, &Notifier::openNorvane);
+    burstEnd_.setSingleShot(true);
+    burstEnd_.setInterval(betweenBursts);
+    connect(&burstEnd_, &QTimer::timeout, this, &Notifier::giveBackMemory);
+    backToDisk_.setInterval(settings.diskRetryPause);
     connect(&backToDisk_, &QTimer::timeout, this, [this] {
         scheduler_.goBackToDisk();
         if (ledger_.isOnDisk()) {
             backToDisk_.stop();
         }
     });
-    connect(&idleWatch_, &IdleWatch::idle, this, &Notifier::leave);
+    idle_.setSingleShot(true);
+    idle_.setInterval(settings.idleTimeout);
+    connect(&idle_, &QTimer::timeout, this, &Notifier::leaveIfIdle);
 }
 
 bool Notifier::start()
 {
-    bus_.connect(QString{}, QStringLiteral("/org/freedesktop/DBus/Local"),
-                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
-                 SLOT(busGone()));
+    if (!bus_.connect(QString{}, QStringLiteral("/org/freedesktop/DBus/Local"),
+                      QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                      this, SLOT(busLost()))) {
+        qCritical("The end of the session bus cannot be listened for.");
+        return false;
+    }
     if (!bus_.registerObject(busNames::notificationCenterPath, &facade_)) {
         qCritical("The object of the notification centre cannot be put on the session bus.");
         return false;
@@ -66,7 +71,7 @@ bool Notifier::start()
     }
     zone_.watch();
     scheduler_.start();
-    stir();
+    callCame();
     return true;
 }
 
@@ -84,52 +89,57 @@ bool Notifier::isBusy()
            facade_.isBusy();
 }
 
-void Notifier::stir()
+void Notifier::callCame()
 {
-    idleWatch_.stir();
-    rest_.start();
+    idle_.start();
+    burstEnd_.start();
 }
 
-void Notifier::settle()
+void Notifier::giveBackMemory()
 {
-    ledger_.relax();
+    ledger_.shrinkMemory();
     giveBackSpareMemory();
 }
 
 /// All that came in goes to the file, as far as that can be. What is due waits there for the next
-/// process, which would show it a second time.
+/// process: handing it out now could show it twice.
 void Notifier::save()
 {
     courier_.hold();
-    facade_.write();
+    facade_.writeAll();
     scheduler_.goBackToDisk();
+    ledger_.checkFile();
     if (!ledger_.isOnDisk()) {
         courier_.release();
     }
 }
 
-void Notifier::leave()
+void Notifier::leaveIfIdle()
 {
+    if (isBusy()) {
+        return; // The end of what keeps it busy restarts the timer.
+    }
     // Without the name no further call can come; those sent before are here by now and are served.
     bus_.interface()->unregisterService(busNames::notificationCenter);
     QMetaObject::invokeMethod(
         this,
         [this] {
             save();
-            // What is in memory only, no successor would find.
-            if (isBusy() && !(ledger_.isOnDisk() && passOn()) && claimName()) {
+            // A successor finds only what is in the file.
+            if (isBusy() && !(ledger_.isOnDisk() && startSuccessor()) && claimName()) {
                 courier_.release();
-                stir();
+                callCame();
             } else {
-                emit finished();
+                emit finished(End::Done);
             }
         },
         Qt::QueuedConnection);
 }
 
-/// Has the bus start a successor for what came in at the last moment. One that let go of its name
-/// cannot stay itself: a service manager ends it. False where nothing is installed to be started.
-bool Notifier::passOn()
+/// Has the bus start a successor for the calls that came at the last moment. This process cannot
+/// take its name back and stay: a service manager ends a service that let go of its name. False
+/// where nothing is installed to be started.
+bool Notifier::startSuccessor()
 {
     QDBusConnectionInterface *const bus = bus_.interface();
     // Not waited for: the successor may not start before this process is gone.
@@ -137,16 +147,43 @@ bool Notifier::passOn()
     return bus->activatableServiceNames().value().contains(busNames::notificationCenter);
 }
 
-void Notifier::end()
+/// The bus starts Norvane where it does not run. Whether that succeeds is for the user to see.
+void Notifier::openNorvane(const QString &activationToken)
 {
-    save();
-    emit finished();
+    QVariantMap platformData;
+    if (!activationToken.isEmpty()) {
+        platformData.insert(QStringLiteral("activation-token"), activationToken);
+    }
+    QDBusMessage activate = QDBusMessage::createMethodCall(
+        busNames::application, busNames::applicationPath,
+        QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+    activate << platformData;
+    bus_.asyncCall(activate);
 }
 
-void Notifier::busGone()
+void Notifier::end()
 {
-    qWarning("The session bus is gone; so is norvane-notifier. What is pending stays on disk.");
-    end();
+    courier_.hold();
+    if (!courier_.isDelivering()) {
+        saveAndFinish();
+        return;
+    }
+    connect(&courier_, &Courier::answered, this, &Notifier::saveAndFinish,
+            Qt::SingleShotConnection);
+    QTimer::singleShot(lastAnswerTimeout, this, &Notifier::saveAndFinish);
+}
+
+void Notifier::saveAndFinish()
+{
+    save();
+    emit finished(End::Done);
+}
+
+void Notifier::busLost()
+{
+    qWarning("The session bus is gone. What is pending stays on disk.");
+    save();
+    emit finished(End::BusLost);
 }
 
 } // namespace norvane

@@ -5,7 +5,6 @@
 
 #include "notifier/Courier.h"
 #include "notifier/DesktopNotificationServer.h"
-#include "notifier/IdleWatch.h"
 #include "notifier/Ledger.h"
 #include "notifier/Scheduler.h"
 #include "notifier/ServiceFacade.h"
@@ -28,10 +27,19 @@ class Notifier final : public QObject {
 
 public:
     struct Settings {
-        QString folder;                      ///< Where the ledger lies.
-        std::chrono::milliseconds lingering; ///< How long to stay with nothing to do.
-        std::chrono::milliseconds patience;  ///< How long a notification server may take.
-        Courier::Pauses pauses;              ///< Between attempts to deliver.
+        QString folder; ///< Of the ledger.
+        /// How long to stay with nothing to do.
+        std::chrono::milliseconds idleTimeout{60'000};
+        /// How long a notification server may take before it counts as hung.
+        std::chrono::milliseconds serverTimeout{10'000};
+        /// Between attempts to return to a disk that could not be written.
+        std::chrono::milliseconds diskRetryPause{30'000};
+        Courier::Pauses pauses{}; ///< Between attempts to deliver.
+    };
+
+    enum class End {
+        Done,   ///< There was nothing left to do, or end() was called.
+        BusLost ///< The connection to the session bus is gone.
     };
 
     Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings);
@@ -40,23 +48,26 @@ public:
     /// through before the first call is. False, after a line on standard error, when the name
     /// cannot be had (then nothing was touched) or there is no SQLite to work with.
     [[nodiscard]] bool start();
-    /// Writes what came in so far, and is finished.
+    /// Writes what came in so far, and is finished. A reminder that was just handed to the server
+    /// is waited for up to a second: without the answer, it would be shown again at the next start.
     void end();
 
 signals:
-    void finished();
+    void finished(norvane::Notifier::End end);
 
 private slots:
-    void leave();
-    void busGone();
+    void leaveIfIdle();
+    void busLost();
 
 private:
     [[nodiscard]] bool claimName();
-    void stir();
-    void settle();
+    void callCame();
+    void giveBackMemory();
+    void openNorvane(const QString &activationToken);
     void save();
+    void saveAndFinish();
     [[nodiscard]] bool isBusy();
-    [[nodiscard]] bool passOn();
+    [[nodiscard]] bool startSuccessor();
 
     QDBusConnection bus_;
     Ledger ledger_;
@@ -66,8 +77,8 @@ private:
     Scheduler scheduler_;
     Courier courier_;
     ServiceFacade facade_;
-    IdleWatch idleWatch_;
-    QTimer rest_;       ///< Ends when work has stopped for a moment.
+    QTimer idle_;       ///< Restarted by all that happens; its end is the time to leave.
+    QTimer burstEnd_;   ///< Ends when calls have stopped for a moment.
     QTimer backToDisk_; ///< Runs while the ledger is in memory only.
 };
 

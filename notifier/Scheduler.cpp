@@ -3,9 +3,7 @@
 
 #include "notifier/Scheduler.h"
 
-#include "notifier/Alarm.h"
 #include "notifier/LateRule.h"
-#include "notifier/LocalZone.h"
 #include "platform/Clock.h"
 #include "time/LocalMinute.h"
 #include "time/UnixTime.h"
@@ -13,7 +11,8 @@
 #include <QHash>
 
 #include <algorithm>
-#include <variant>
+#include <iterator>
+#include <utility>
 
 namespace norvane {
 
@@ -24,59 +23,69 @@ using std::chrono::sys_seconds;
 /// How long a delivered reminder is remembered: longer than any lead, and over a clock set back.
 constexpr std::chrono::days memory{7};
 
+/// A clock that is set back by less than this was only corrected: what was delivered in the running
+/// minute must not come a second time.
+constexpr std::chrono::minutes correction{1};
+
 } // namespace
 
 Scheduler::Scheduler(Ledger &ledger, Alarm &alarm, const LocalZone &zone, const Clock &clock,
-                     QObject *parent)
+                     qint64 requestLimit, QObject *parent)
     : QObject{parent},
       ledger_{ledger},
       alarm_{alarm},
       zone_{zone},
-      clock_{clock}
+      clock_{clock},
+      requestLimit_{requestLimit}
 {
-    connect(&alarm, &Alarm::fired, this, &Scheduler::review);
-    connect(&alarm, &Alarm::clockSet, this, &Scheduler::reconsider);
-    connect(&zone, &LocalZone::changed, this, &Scheduler::reconsider);
+    connect(&alarm, &Alarm::fired, this, &Scheduler::showDue);
+    connect(&alarm, &Alarm::clockSet, this, &Scheduler::recomputeDue);
+    connect(&zone, &LocalZone::changed, this, &Scheduler::recomputeDue);
 }
 
 void Scheduler::start()
 {
-    reconsider();
+    recomputeDue();
 }
 
 void Scheduler::goBackToDisk()
 {
     if (!ledger_.isOnDisk() && ledger_.goBackToDisk()) {
-        reconsider();
+        recomputeDue();
     }
 }
 
-LedgerStorage::Outcome Scheduler::apply(const std::vector<Change> &changes)
+std::vector<Scheduler::Outcome> Scheduler::apply(const std::vector<Change> &changes)
 {
     goBackToDisk();
+    std::vector<bool> isKept;
     const LedgerStorage::Outcome outcome = ledger_.transact([&] {
+        isKept.clear(); // The transaction may be tried a second time.
+        requestsAtMost_ = ledger_.count();
         moveDue();
         for (const Change &change : changes) {
-            execute(change);
+            isKept.push_back(execute(change));
         }
         moveDue();
     });
     setAlarm();
     emit outboxChanged();
-    return outcome;
-}
-
-std::vector<NotificationRequest> Scheduler::pending()
-{
-    return ledger_.pending();
+    isKept.resize(changes.size(), true);
+    std::vector<Outcome> outcomes;
+    std::ranges::transform(isKept, std::back_inserter(outcomes), [&](bool kept) {
+        return !kept                                        ? Outcome::Refused
+               : outcome == LedgerStorage::Outcome::Durable ? Outcome::Durable
+                                                            : Outcome::InMemory;
+    });
+    return outcomes;
 }
 
 bool Scheduler::hasPending()
 {
-    return ledger_.earliestDue().has_value();
+    return ledger_.hasPending();
 }
 
-void Scheduler::review()
+void Scheduler::showDue()
 {
     ledger_.transact([this] {
         ledger_.forgetBefore(now() - memory);
@@ -86,40 +95,57 @@ void Scheduler::review()
     emit outboxChanged();
 }
 
-void Scheduler::reconsider()
+void Scheduler::recomputeDue()
 {
     ledger_.transact([this] {
         ledger_.forgetBefore(now() - memory);
-        findMoments();
+        setDueMoments();
         ledger_.reviveLapsed(now());
+        ledger_.forgetDeliveredAfter(now() + correction);
         moveDue();
     });
     setAlarm();
     emit outboxChanged();
 }
 
-void Scheduler::execute(const Change &change)
+/// False when there is no room for a request.
+bool Scheduler::execute(const Change &change)
 {
-    if (const auto *const add = std::get_if<AddRequest>(&change)) {
-        ledger_.add(add->request, dueMoment(add->request.trigger, zone_.zone(), now()));
-        return;
+    if (const auto *const addition = std::get_if<AddRequest>(&change)) {
+        return add(addition->request);
     }
-    // What came before in this order and is due has come; a removal finds it in the outbox.
+    // What was added before this removal and is due already goes to the outbox first: a removal by
+    // identifier finds it there, and a removal of all pending requests spares it.
     moveDue();
     if (const auto *const some = std::get_if<RemoveRequests>(&change)) {
         ledger_.remove(some->identifiers);
     } else {
         ledger_.removeAllPending();
     }
+    return true;
+}
+
+bool Scheduler::add(const NotificationRequest &request)
+{
+    if (requestsAtMost_ >= requestLimit_ && !ledger_.isPending(request.identifier)) {
+        requestsAtMost_ = ledger_.count(); // Removals are not subtracted along the way.
+        if (requestsAtMost_ >= requestLimit_) {
+            return false;
+        }
+    }
+    ledger_.add(request, dueMoment(request.trigger, zone_.zone(), now()));
+    ++requestsAtMost_;
+    return true;
 }
 
 /// Works out anew when each request is due, after the machine's clock or zone may have changed.
-void Scheduler::findMoments()
+void Scheduler::setDueMoments()
 {
     const QTimeZone zone = zone_.zone();
     for (const Ledger::Pending &request : ledger_.allWithDue()) {
         const std::vector<sys_seconds> moments = momentsOf(request.trigger, zone);
-        // A moment that still stands is kept: the second of two is no reason to wait again.
+        // Where a minute comes twice, when clocks go back, the moment that was chosen first is
+        // kept.
         if (std::ranges::find(moments, request.due) == moments.end()) {
             ledger_.setDue(request.number, dueMoment(request.trigger, zone, now()));
         }
@@ -140,20 +166,20 @@ void Scheduler::moveDue()
     for (const Ledger::Pending &request : due) {
         const bool missed = isMissed(request.due, moment);
         if (ledger_.cameAlready(request.identifier, request.trigger)) {
-            ledger_.drop(request.number);
+            ledger_.removePending(request.number);
         } else if (missed && (latest[trialOf(request.identifier)] != request.number ||
                               request.due + worthShowingFor(request.identifier) <= moment ||
                               ledger_.laterCame(request.identifier, request.trigger))) {
             ledger_.lapse(request.number, moment);
         } else {
-            makeRoom(request);
+            lapseEarlier(request);
             ledger_.moveToOutbox(request.number);
         }
     }
 }
 
-/// Nobody wants several reminders of one trial at once, when a notification server comes at last.
-void Scheduler::makeRoom(const Ledger::Pending &next)
+/// Otherwise several reminders of one trial would come at once when a notification server appears.
+void Scheduler::lapseEarlier(const Ledger::Pending &next)
 {
     const sys_seconds moment = now();
     for (const OutboxEntry &entry : ledger_.earlierWaiting(next.identifier, next.trigger)) {
@@ -165,7 +191,8 @@ void Scheduler::makeRoom(const Ledger::Pending &next)
 
 void Scheduler::setAlarm()
 {
-    // With nothing pending too: a clock that is set back may bring lapsed requests back.
+    // Also with nothing pending, because the alarm tells as well when the clock is set back, and
+    // then lapsed requests may be pending again.
     alarm_.set(ledger_.earliestDue().value_or(sys_seconds::max()));
 }
 

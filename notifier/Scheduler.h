@@ -3,19 +3,66 @@
 
 #pragma once
 
-#include "notifier/Change.h"
 #include "notifier/Ledger.h"
+#include "platform/NotificationRequest.h"
 
 #include <QObject>
+#include <QStringList>
+#include <QTimeZone>
 
 #include <chrono>
+#include <optional>
+#include <variant>
 #include <vector>
 
 namespace norvane {
 
-class Alarm;
 class Clock;
-class LocalZone;
+
+/// Wakes the scheduler at one moment of wall-clock time.
+///
+/// Holds one moment; setting another replaces it, and a moment already past is reported on the
+/// next turn of the event loop. Use it from the thread that made it.
+class Alarm : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    virtual void set(std::chrono::sys_seconds moment) = 0;
+
+signals:
+    void fired();
+    /// The wall clock was set, or the machine woke from sleep: the alarm must be set again.
+    void clockSet();
+};
+
+/// The time zone the machine is in.
+class LocalZone : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] virtual QTimeZone zone() const = 0;
+
+signals:
+    /// zone() returns another zone from now on.
+    void changed();
+};
+
+struct AddRequest {
+    NotificationRequest request;
+};
+
+struct RemoveRequests {
+    QStringList identifiers;
+};
+
+struct RemoveAllRequests {};
+
+/// One call that changes what is pending.
+using Change = std::variant<AddRequest, RemoveRequests, RemoveAllRequests>;
 
 /// Takes requests, and moves each into the outbox when the local wall clock reaches its minute.
 ///
@@ -23,25 +70,37 @@ class LocalZone;
 /// whether the machine slept through it, nobody was logged in, or it was asked for too late: it
 /// comes at once as well, unless a later reminder of its trial is due too or came, or it is no
 /// longer worth showing (LateRule). One that still waits in the outbox when the next of its trial
-/// joins it makes room. What came already for the same identifier and minute never comes again.
+/// joins it lapses. What came already for the same identifier and minute never comes again.
 ///
 /// Everything given is borrowed. One thread only.
 class Scheduler final : public QObject {
     Q_OBJECT
 
 public:
+    /// How many requests are kept at the same time, pending ones and those in the outbox together:
+    /// far more than anybody plans, and few enough that a program that goes wrong does not fill
+    /// the disk.
+    static constexpr qint64 mostRequests = 150'000;
+
+    /// What became of a change.
+    enum class Outcome {
+        Durable,  ///< It outlives a crash and a power cut.
+        InMemory, ///< It counts, but only while this process lives.
+        Refused   ///< There are too many requests already; nothing of it was kept.
+    };
+
     Scheduler(Ledger &ledger, Alarm &alarm, const LocalZone &zone, const Clock &clock,
-              QObject *parent = nullptr);
+              qint64 requestLimit = mostRequests, QObject *parent = nullptr);
 
     /// Works through what was missed and begins to wait. The ledger must be open.
     void start();
     /// With a ledger in memory only: back to the file, if that can be, and to what it holds.
     void goBackToDisk();
 
-    /// Applies the changes in this order, as one.
-    LedgerStorage::Outcome apply(const std::vector<Change> &changes);
+    /// Applies the changes in this order, in one transaction; one outcome for each.
+    [[nodiscard]] std::vector<Outcome> apply(const std::vector<Change> &changes);
 
-    [[nodiscard]] std::vector<NotificationRequest> pending();
+    /// Whether any request is pending. True as well when that cannot be read.
     [[nodiscard]] bool hasPending();
 
 signals:
@@ -49,13 +108,14 @@ signals:
     void outboxChanged();
 
 private:
-    void review();
-    void reconsider();
+    void showDue();
+    void recomputeDue();
 
-    void execute(const Change &change);
-    void findMoments();
+    [[nodiscard]] bool execute(const Change &change);
+    [[nodiscard]] bool add(const NotificationRequest &request);
+    void setDueMoments();
     void moveDue();
-    void makeRoom(const Ledger::Pending &next);
+    void lapseEarlier(const Ledger::Pending &next);
     void setAlarm();
     [[nodiscard]] std::chrono::sys_seconds now() const;
 
@@ -63,6 +123,8 @@ private:
     Alarm &alarm_;
     const LocalZone &zone_;
     const Clock &clock_;
+    const qint64 requestLimit_;
+    qint64 requestsAtMost_ = 0; ///< While changes are applied: an upper bound of what is kept.
 };
 
 } // namespace norvane

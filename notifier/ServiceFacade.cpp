@@ -4,13 +4,16 @@
 #include "notifier/ServiceFacade.h"
 
 #include "NotificationCenterAdaptor.h"
-#include "notifier/Scheduler.h"
+#include "notifier/Ledger.h"
 #include "platform/bus/BusNames.h"
 #include "time/LocalMinute.h"
 
 #include <QDBusError>
+#include <QSet>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 namespace norvane {
@@ -19,6 +22,10 @@ namespace {
 
 constexpr qsizetype longestText = 65'536; // Bytes of UTF-8.
 
+/// The texts of all requests that are listed in one answer, in bytes. A session bus disconnects a
+/// program that sends more than it takes, which may be twice as much.
+constexpr qint64 longestList = 32 * 1024 * 1024;
+
 /// How long calls are collected before they are written together: a write to disk takes as long.
 constexpr std::chrono::milliseconds gathering{5};
 
@@ -26,17 +33,40 @@ constexpr std::chrono::milliseconds gathering{5};
 /// answer, and calls do not pile up in memory.
 constexpr std::size_t fullBurst = 300;
 
+/// So many identifiers are removed in a few hundredths of a second.
+constexpr qsizetype slice = 2'000;
+
+bool isTooLong(const QString &text)
+{
+    // A text of no more than a third as many UTF-16 units cannot be too long.
+    return text.size() > longestText / 3 && text.toUtf8().size() > longestText;
+}
+
+PendingRequestList forBus(std::vector<NotificationRequest> requests)
+{
+    PendingRequestList list;
+    for (NotificationRequest &request : requests) {
+        list.push_back({.identifier = std::move(request.identifier),
+                        .title = std::move(request.title),
+                        .body = std::move(request.body),
+                        .sound = std::move(request.sound),
+                        .trigger = request.trigger.text()});
+    }
+    return list;
+}
+
 } // namespace
 
-ServiceFacade::ServiceFacade(Scheduler &scheduler, QDBusConnection bus, QObject *parent)
+ServiceFacade::ServiceFacade(Scheduler &scheduler, Ledger &ledger, QDBusConnection bus,
+                             QObject *parent)
     : QObject{parent},
       scheduler_{scheduler},
+      ledger_{ledger},
       bus_{std::move(bus)}
 {
     registerPendingRequestTypes();
     new NotificationCenterAdaptor{this}; // Owned by this object, by Qt's rule for adaptors.
     pause_.setSingleShot(true);
-    pause_.setInterval(gathering);
     connect(&pause_, &QTimer::timeout, this, &ServiceFacade::write);
 }
 
@@ -77,7 +107,9 @@ void ServiceFacade::AddRequest(const QString &identifier, const QString &title, 
 void ServiceFacade::RemovePendingRequests(const QStringList &identifiers)
 {
     emit called();
-    collect(RemoveRequests{identifiers});
+    QStringList possible; // No pending request has an identifier that is too long.
+    std::ranges::remove_copy_if(identifiers, std::back_inserter(possible), isTooLong);
+    collect(RemoveRequests{std::move(possible)});
 }
 
 void ServiceFacade::RemoveAllPendingRequests()
@@ -86,25 +118,18 @@ void ServiceFacade::RemoveAllPendingRequests()
     collect(RemoveAllRequests{});
 }
 
+/// Answers from the queue, like a change, so that the answer shows what was asked for before.
 PendingRequestList ServiceFacade::PendingRequests()
 {
     emit called();
-    write(); // What was asked for before this call shows in its answer.
-    PendingRequestList requests;
-    for (NotificationRequest &request : scheduler_.pending()) {
-        requests.push_back({.identifier = std::move(request.identifier),
-                            .title = std::move(request.title),
-                            .body = std::move(request.body),
-                            .sound = std::move(request.sound),
-                            .trigger = request.trigger.text()});
-    }
-    return requests;
+    collect(ListPending{});
+    write();
+    return {};
 }
 
 bool ServiceFacade::isRefused(QLatin1StringView argument, const QString &text)
 {
-    // A text of no more than a third as many UTF-16 units cannot be too long.
-    if (text.size() <= longestText / 3 || text.toUtf8().size() <= longestText) {
+    if (!isTooLong(text)) {
         return false;
     }
     refuse(argument + QStringLiteral(": is longer than 64 KiB"));
@@ -118,33 +143,127 @@ void ServiceFacade::refuse(const QString &reason)
     }
 }
 
-void ServiceFacade::collect(Change change)
+void ServiceFacade::collect(std::variant<Change, ListPending> work)
 {
     setDelayedReply(true);
-    changes_.push_back(std::move(change));
-    if (message().isReplyRequired()) {
-        calls_.push_back(message());
-    }
-    if (changes_.size() >= fullBurst) {
+    QDBusMessage call = message();
+    call.setArguments({}); // They may be large, and are in `work`.
+    calls_.push_back({.message = std::move(call), .work = std::move(work)});
+    if (calls_.size() >= fullBurst) {
         write();
     } else if (!pause_.isActive()) {
-        pause_.start();
+        pause_.start(gathering);
     }
 }
 
+void ServiceFacade::writeAll()
+{
+    while (!calls_.empty()) {
+        write();
+    }
+}
+
+/// One transaction: everything that was collected, but of a long removal only the next slice.
 void ServiceFacade::write()
 {
-    pause_.stop();
-    if (changes_.empty()) {
+    Round round = nextRound();
+    calls_ = std::move(round.left);
+    if (!round.changes.empty()) {
+        const std::vector<Scheduler::Outcome> outcomes = scheduler_.apply(round.changes);
+        for (std::size_t i = 0; i < outcomes.size(); ++i) {
+            if (round.ended[i]) {
+                answer(round.ended[i]->message, outcomes[i]);
+            }
+        }
+    }
+    for (const Call &list : round.lists) {
+        answerList(list.message);
+    }
+    if (calls_.empty()) {
+        pause_.stop();
+    } else {
+        pause_.start(std::chrono::milliseconds{0}); // Others have their turn first.
+    }
+}
+
+ServiceFacade::Round ServiceFacade::nextRound()
+{
+    Round round;
+    QSet<QString> waiting; // Callers whose further calls have to wait.
+    qsizetype rest = slice;
+    for (Call &call : calls_) {
+        const QString caller = call.message.service();
+        if (waiting.contains(caller)) {
+            round.left.push_back(std::move(call));
+            continue;
+        }
+        if (std::holds_alternative<ListPending>(call.work)) {
+            waiting.insert(caller); // What comes after it must not show in its answer.
+            round.lists.push_back(std::move(call));
+            continue;
+        }
+        const auto &change = std::get<Change>(call.work);
+        const auto *const removal = std::get_if<RemoveRequests>(&change);
+        if (removal == nullptr || removal->identifiers.size() - call.done <= rest) {
+            if (removal != nullptr) {
+                rest -= removal->identifiers.size() - call.done;
+            }
+            round.changes.push_back(removal != nullptr && call.done > 0
+                                        ? RemoveRequests{removal->identifiers.sliced(call.done)}
+                                        : change);
+            round.ended.emplace_back(std::move(call));
+        } else {
+            waiting.insert(caller);
+            round.changes.emplace_back(
+                RemoveRequests{removal->identifiers.sliced(call.done, rest)});
+            round.ended.emplace_back(std::nullopt);
+            call.done += std::exchange(rest, 0);
+            round.left.push_back(std::move(call));
+        }
+    }
+    return round;
+}
+
+void ServiceFacade::answerList(const QDBusMessage &call)
+{
+    const std::optional<qint64> size = ledger_.pendingSize();
+    if (size && *size > longestList) {
+        reply(call,
+              call.createErrorReply(QDBusError::LimitsExceeded,
+                                    QStringLiteral("There is more than one answer can hold")));
         return;
     }
-    const LedgerStorage::Outcome outcome = scheduler_.apply(std::exchange(changes_, {}));
-    for (const QDBusMessage &call : std::exchange(calls_, {})) {
-        bus_.send(outcome == LedgerStorage::Outcome::Durable
-                      ? call.createReply()
-                      : call.createErrorReply(
-                            busNames::storageError,
-                            QStringLiteral("Kept in memory only: the disk cannot be written")));
+    std::optional<std::vector<NotificationRequest>> requests =
+        size ? ledger_.pending() : std::nullopt;
+    reply(call, requests
+                    ? call.createReply(QVariant::fromValue(forBus(std::move(*requests))))
+                    : call.createErrorReply(busNames::storageError,
+                                            QStringLiteral("The pending requests cannot be read")));
+}
+
+void ServiceFacade::answer(const QDBusMessage &call, Scheduler::Outcome outcome)
+{
+    switch (outcome) {
+    case Scheduler::Outcome::Durable:
+        reply(call, call.createReply());
+        break;
+    case Scheduler::Outcome::InMemory:
+        reply(call, call.createErrorReply(
+                        busNames::storageError,
+                        QStringLiteral("Kept in memory only: the disk cannot be written")));
+        break;
+    case Scheduler::Outcome::Refused:
+        reply(call, call.createErrorReply(
+                        QDBusError::LimitsExceeded,
+                        QStringLiteral("Not kept: there are too many requests already")));
+        break;
+    }
+}
+
+void ServiceFacade::reply(const QDBusMessage &call, const QDBusMessage &answer)
+{
+    if (call.isReplyRequired()) {
+        bus_.send(answer);
     }
 }
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "notifier/Change.h"
+#include "notifier/Scheduler.h"
 #include "platform/bus/PendingRequest.h"
 
 #include <QDBusConnection>
@@ -13,21 +13,26 @@
 #include <QString>
 #include <QTimer>
 
+#include <optional>
+#include <variant>
 #include <vector>
 
 namespace norvane {
 
-class Scheduler;
-
 /// The notification centre as the bus sees it: checks what comes in, and answers.
 ///
-/// Changes are collected while calls keep coming and written in one go; each call is answered once
-/// its change is durable. An answer that it is not (StorageError) means: kept in memory only.
+/// Changes are collected while calls keep coming and written in one transaction; each call is
+/// answered once its change is durable. An answer that it is not (StorageError) means: kept in
+/// memory only.
+///
+/// A removal of very many identifiers is applied in slices, with a turn of the event loop between
+/// them. Later calls of the same caller wait for its end, those of other callers do not.
 class ServiceFacade final : public QObject, protected QDBusContext {
     Q_OBJECT
 
 public:
-    ServiceFacade(Scheduler &scheduler, QDBusConnection bus, QObject *parent = nullptr);
+    ServiceFacade(Scheduler &scheduler, Ledger &ledger, QDBusConnection bus,
+                  QObject *parent = nullptr);
     ~ServiceFacade() override;
 
     bool RequestAuthorization(uint options);
@@ -38,23 +43,42 @@ public:
     PendingRequestList PendingRequests();
 
     /// Whether calls wait for their answers.
-    [[nodiscard]] bool isBusy() const { return !changes_.empty(); }
-    /// Writes and answers what was collected so far.
-    void write();
+    [[nodiscard]] bool isBusy() const { return !calls_.empty(); }
+    /// Writes and answers all that was collected so far.
+    void writeAll();
 
 signals:
     void called();
 
 private:
+    struct ListPending {};
+    struct Call {
+        QDBusMessage message; ///< Without its arguments.
+        std::variant<Change, ListPending> work;
+        qsizetype done = 0; ///< Of the identifiers of a removal.
+    };
+    /// What one transaction applies, the calls that it ends, and the calls that wait for the next.
+    struct Round {
+        std::vector<Change> changes;
+        std::vector<std::optional<Call>> ended; ///< For each change: the call, if it ends with it.
+        std::vector<Call> lists;
+        std::vector<Call> left;
+    };
+
     [[nodiscard]] bool isRefused(QLatin1StringView argument, const QString &text);
     void refuse(const QString &reason);
-    void collect(Change change);
+    void collect(std::variant<Change, ListPending> work);
+    void write();
+    [[nodiscard]] Round nextRound();
+    void answerList(const QDBusMessage &call);
+    void answer(const QDBusMessage &call, Scheduler::Outcome outcome);
+    void reply(const QDBusMessage &call, const QDBusMessage &answer);
 
     Scheduler &scheduler_;
+    Ledger &ledger_;
     QDBusConnection bus_; ///< Answers go out after the calls, when Qt no longer knows the caller's.
     QTimer pause_;        ///< Runs while calls are collected.
-    std::vector<Change> changes_;
-    std::vector<QDBusMessage> calls_; ///< Those of them whose callers want an answer.
+    std::vector<Call> calls_;
 };
 
 } // namespace norvane

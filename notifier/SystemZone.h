@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "notifier/LocalZone.h"
+#include "notifier/Scheduler.h"
 
 #include <QSocketNotifier>
 

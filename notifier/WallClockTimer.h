@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "notifier/Alarm.h"
+#include "notifier/Scheduler.h"
 
 #include <QSocketNotifier>
 

@@ -16,14 +16,20 @@
 #include <chrono>
 #include <cstdlib>
 #include <optional>
+#include <thread>
 
 #include <sysexits.h>
+#include <unistd.h>
 
 namespace {
 
 using namespace norvane;
 
-constexpr std::chrono::seconds patience{10};
+const QString connectionName = QStringLiteral("notifier");
+
+/// Before it connects again. A bus that loses one connection after the other must not keep the
+/// machine busy.
+constexpr std::chrono::seconds reconnectPause{1};
 
 struct Arguments {
     bool activate = false;
@@ -69,6 +75,76 @@ int activate(const QDBusConnection &bus)
     return EXIT_SUCCESS;
 }
 
+/// Whether systemd started this process, and restarts it where it fails.
+bool isUnit()
+{
+    return qgetenv("SYSTEMD_EXEC_PID") == QByteArray::number(::getpid());
+}
+
+/// Not QDBusConnection::sessionBus(): that one keeps what arrives before the event loop runs, and
+/// when the loop starts, newer calls can overtake what was kept. The calls of a burst would take
+/// effect out of order.
+QDBusConnection connectToSessionBus()
+{
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
+    if (!bus.isConnected()) {
+        qCritical("No session bus: %s", qUtf8Printable(bus.lastError().message()));
+    }
+    return bus;
+}
+
+/// Runs the notification centre on one connection. Nothing where it does not start.
+std::optional<Notifier::End> serve(const QDBusConnection &bus, const StopSignals &stopSignals,
+                                   std::chrono::seconds idleTimeout)
+{
+    const SystemClock clock;
+    Notifier notifier{bus,
+                      clock,
+                      {.folder = XdgFolders::stateFolder() + QStringLiteral("/norvane"),
+                       .idleTimeout = idleTimeout}};
+    Notifier::End end = Notifier::End::Done;
+    QObject::connect(&stopSignals, &StopSignals::stopRequested, &notifier, &Notifier::end);
+    QObject::connect(&notifier, &Notifier::finished, &notifier, [&end](Notifier::End reason) {
+        end = reason;
+        QCoreApplication::quit();
+    });
+    if (!notifier.start()) {
+        return std::nullopt;
+    }
+    QCoreApplication::exec();
+    return end;
+}
+
+/// Runs the notification centre, on a new connection each time that the bus ends the last: the
+/// bus disconnects a program that breaks one of its limits, and may live on. The exit status.
+int serve(const Arguments &arguments)
+{
+    const StopSignals stopSignals;
+    for (bool isFirst = true;; isFirst = false) {
+        const int failure = isFirst ? EX_UNAVAILABLE : EXIT_FAILURE;
+        std::optional<Notifier::End> end;
+        {
+            const QDBusConnection bus = connectToSessionBus();
+            if (!bus.isConnected()) {
+                return failure;
+            }
+            end = serve(bus, stopSignals, arguments.lingering);
+        }
+        if (!end) {
+            return failure;
+        }
+        if (end == Notifier::End::Done) {
+            return EXIT_SUCCESS;
+        }
+        if (isUnit()) {
+            return EXIT_FAILURE; // systemd starts another.
+        }
+        QDBusConnection::disconnectFromBus(connectionName);
+        std::this_thread::sleep_for(reconnectPause);
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -83,28 +159,9 @@ int main(int argc, char **argv)
     if (!arguments) {
         return EX_USAGE;
     }
-    // Not QDBusConnection::sessionBus(): that one keeps what arrives before the event loop runs,
-    // and when the loop starts, newer calls can overtake what was kept. The calls of a burst would
-    // take effect out of order.
-    const QDBusConnection bus =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("notifier"));
-    if (!bus.isConnected()) {
-        qCritical("No session bus: %s", qUtf8Printable(bus.lastError().message()));
-        return EX_UNAVAILABLE;
-    }
     if (arguments->activate) {
-        return activate(bus);
+        const QDBusConnection bus = connectToSessionBus();
+        return bus.isConnected() ? activate(bus) : EX_UNAVAILABLE;
     }
-
-    const SystemClock clock;
-    Notifier notifier{bus,
-                      clock,
-                      {.folder = XdgFolders::stateFolder() + QStringLiteral("/norvane"),
-                       .lingering = arguments->lingering,
-                       .patience = patience,
-                       .pauses = {}}};
-    const StopSignals stopSignals;
-    QObject::connect(&stopSignals, &StopSignals::stopRequested, &notifier, &Notifier::end);
-    QObject::connect(&notifier, &Notifier::finished, &application, &QCoreApplication::quit);
-    return notifier.start() ? QCoreApplication::exec() : EX_UNAVAILABLE;
+    return serve(*arguments);
 }

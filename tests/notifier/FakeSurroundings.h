@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "notifier/Alarm.h"
-#include "notifier/LocalZone.h"
 #include "notifier/NotificationServer.h"
+#include "notifier/Scheduler.h"
 #include "platform/Clock.h"
 
 #include <QStringList>
@@ -58,13 +57,20 @@ class FakeServer final : public NotificationServer {
     Q_OBJECT
 
 public:
-    QStringList given;
+    QStringList given; ///< The identifiers of what it was given.
 
-    void show(const QString &title, const QString & /*body*/, const QString & /*sound*/) override
+    void show(const NotificationRequest &request) override
     {
-        given << title;
+        given << request.identifier;
+        last_ = request;
     }
     [[nodiscard]] bool isShowing() const override { return false; }
+
+    /// Takes what it was given last.
+    void take() { emit shown(NotificationRequest{last_}); }
+
+private:
+    NotificationRequest last_;
 };
 
 } // namespace norvane

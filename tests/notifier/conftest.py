@@ -4,6 +4,7 @@
 """Each test has a bus, a state folder and a notification centre of its own."""
 
 import sys
+from contextlib import contextmanager
 from pathlib import Path
 
 import pytest
@@ -26,6 +27,17 @@ def notifier(bus, tmp_path):
     """Not started yet."""
     with Notifier(bus, tmp_path / "state") as one:
         yield one
+
+
+@pytest.fixture
+def other_notifier(notifier, tmp_path):
+    """Starts one with the same folder, on another bus of the same user."""
+    @contextmanager
+    def run():
+        with PrivateBus(tmp_path / "other-bus") as bus:
+            with Notifier(bus, notifier.folder.parent) as other:
+                yield other.start()
+    return run
 
 
 @pytest.fixture

@@ -5,7 +5,6 @@
 
 import signal
 import subprocess
-from contextlib import contextmanager
 
 import pytest
 from gi.repository import GLib
@@ -22,14 +21,6 @@ def ends(notifier, seconds=10):
 
 def request(identifier):
     return GLib.Variant("(sssss)", (identifier, "Title", "Body", "default", FAR))
-
-
-@contextmanager
-def other_notifier(notifier, tmp_path):
-    """One with the same folder, on another bus of the same user."""
-    with PrivateBus(tmp_path / "other-bus") as bus:
-        with Notifier(bus, notifier.folder.parent) as other:
-            yield other.start()
 
 
 def stays(notifier):
@@ -150,17 +141,59 @@ def test_it_stays_while_a_reminder_waits_for_a_server(notifier):
     assert stays(notifier)
 
 
-def test_it_ends_with_the_session_bus_and_keeps_what_is_pending(notifier, bus, tmp_path):
+def test_it_ends_as_failed_with_the_session_bus_and_keeps_what_is_pending(notifier, bus, tmp_path):
     notifier.start()
     notifier.add("a-1h", FAR)
 
     bus.close()
 
-    assert ends(notifier)
-    notifier.process = None
+    assert notifier.process.wait(10) == 1
+    notifier.forget_process()
     with PrivateBus(tmp_path / "next-bus") as next_bus:
         with Notifier(next_bus, notifier.folder.parent) as successor:
             assert successor.start().identifiers() == ["a-1h"]
+
+
+@pytest.fixture
+def disconnected(tmp_path):
+    """A notifier with one reminder pending, which the bus has just disconnected for its answer."""
+    with PrivateBus(tmp_path / "strict-bus", longest_message=100_000) as bus:
+        with Notifier(bus, tmp_path / "state") as one:
+            def start(*command):
+                one.start(command=command)
+                for i in range(3):
+                    one.add(f"{i}-1h", FAR, body="x" * 50_000)
+                with pytest.raises(GLib.Error):
+                    one.pending()
+                return one
+            yield start
+
+
+def test_it_connects_again_when_the_bus_has_disconnected_it(disconnected):
+    notifier = disconnected()
+    wait_until(notifier.has_owner, "its return")
+
+    with NotificationServer(notifier.bus) as server:
+        notifier.add("a-1h", this_minute())
+        server.wait_for(1)
+
+    notifier.remove("1-1h", "2-1h")
+    assert notifier.identifiers() == ["0-1h"]
+    notifier.process.send_signal(signal.SIGTERM)
+    assert ends(notifier)
+
+
+def test_a_service_of_systemd_leaves_it_to_systemd_to_start_it_again(disconnected):
+    notifier = disconnected("sh", "-c", 'SYSTEMD_EXEC_PID=$$ exec "$@"', "sh")
+
+    assert notifier.process.wait(10) == 1
+    notifier.forget_process()
+
+
+def test_without_a_session_bus_its_status_says_that_a_restart_is_useless(notifier):
+    environment = {**notifier.environment, "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
+
+    assert subprocess.run([notifier.program], env=environment).returncode == 69
 
 
 def test_what_was_asked_for_just_before_a_signal_to_end_is_kept(notifier):
@@ -175,10 +208,10 @@ def test_what_was_asked_for_just_before_a_signal_to_end_is_kept(notifier):
     assert len(notifier.identifiers()) == 20
 
 
-def test_of_two_on_different_buses_only_the_first_uses_the_file(notifier, tmp_path):
+def test_of_two_on_different_buses_only_the_first_uses_the_file(notifier, other_notifier):
     notifier.start()
     notifier.add("a-1h", FAR)
-    with other_notifier(notifier, tmp_path) as other:
+    with other_notifier() as other:
         with pytest.raises(GLib.Error) as caught:
             other.add("b-1h", FAR)
 
@@ -187,11 +220,11 @@ def test_of_two_on_different_buses_only_the_first_uses_the_file(notifier, tmp_pa
         assert notifier.identifiers() == ["a-1h"]
 
 
-def test_the_second_takes_over_from_the_first(notifier, tmp_path):
+def test_the_second_takes_over_from_the_first(notifier, other_notifier):
     notifier.start()
     notifier.add("due-24h", this_minute(), title="due")  # No server: it waits in the file.
     notifier.add("a-1h", FAR)
-    with other_notifier(notifier, tmp_path) as other, NotificationServer(other.bus) as server:
+    with other_notifier() as other, NotificationServer(other.bus) as server:
         with pytest.raises(GLib.Error):
             other.remove_all()
         with pytest.raises(GLib.Error):

@@ -19,6 +19,8 @@ using namespace std::chrono;
 namespace {
 
 constexpr sys_seconds noon = sys_days{2026y / July / 1} + 12h;
+using enum NotificationServer::Failure;
+
 constexpr Courier::Pauses pauses{.first = 20ms, .longest = 80ms};
 
 } // namespace
@@ -51,7 +53,7 @@ private slots:
         courier_->deliver();
         QCOMPARE(server_->given, QStringList{QStringLiteral("a-1h")});
 
-        emit server_->shown();
+        server_->take();
 
         QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
     }
@@ -61,7 +63,7 @@ private slots:
         courier_->deliver();
         QCOMPARE(head(), QStringLiteral("a-1h"));
 
-        emit server_->shown();
+        server_->take();
 
         QCOMPARE(head(), QStringLiteral("b-1h"));
     }
@@ -70,31 +72,49 @@ private slots:
     {
         courier_->deliver();
 
-        emit server_->refused();
+        emit server_->failed(Refused);
 
         QTRY_COMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("a-1h")}));
     }
 
-    void thePausesGrow()
+    void thePausesWithoutAServerGrow()
     {
         QElapsedTimer time;
         time.start();
         courier_->deliver();
 
         for (qsizetype attempts = 1; attempts <= 4; ++attempts) {
-            emit server_->refused();
+            emit server_->failed(Unavailable);
             QVERIFY(wasGiven(attempts + 1));
         }
 
         QVERIFY(time.elapsed() >= 200); // 20 + 40 + 80 + 80, less what coarse timers save.
+        QCOMPARE(server_->given.count(QStringLiteral("a-1h")), 5);
+    }
+
+    void aSuccessMakesThePauseShortAgain()
+    {
+        useLongPauses();
+        courier_->deliver();
+        for (qsizetype attempts = 1; attempts <= 4; ++attempts) {
+            emit server_->failed(Unavailable);
+            emit server_->appeared();
+        }
+        server_->take();
+        QElapsedTimer time;
+        time.start();
+
+        emit server_->failed(Unavailable);
+
+        QVERIFY(wasGiven(7));
+        QVERIFY(time.elapsed() < 1000);
     }
 
     void aServerThatAppearsIsGivenItAtOnce()
     {
-        courier_ = std::make_unique<Courier>(*ledger_, *server_, clock_,
-                                             Courier::Pauses{.first = 1h, .longest = 1h});
+        useEndlessPauses();
         courier_->deliver();
-        emit server_->refused();
+        emit server_->failed(Unavailable);
 
         emit server_->appeared();
 
@@ -109,33 +129,62 @@ private slots:
 
         for (qsizetype attempts = 1; attempts <= 4; ++attempts) {
             emit server_->appeared();
-            emit server_->refused();
-            emit server_->vanished();
+            emit server_->failed(Unavailable);
             QVERIFY(wasGiven(attempts + 1));
         }
 
         QVERIFY(time.elapsed() >= 200); // As without a server.
     }
 
-    void aServerThatWentAwayDuringAnAttemptIsTriedAsSoonAsItIsBack()
+    void oneThatIsRefusedThreeTimesMakesWayForTheOthers()
     {
         courier_->deliver();
-        emit server_->vanished();
-        emit server_->refused();
 
-        emit server_->appeared();
+        for (qsizetype attempts = 1; attempts <= 3; ++attempts) {
+            QVERIFY(wasGiven(attempts));
+            emit server_->failed(Refused);
+        }
 
-        QCOMPARE(server_->given.size(), 2);
+        QCOMPARE(server_->given.last(), QStringLiteral("b-1h"));
+        server_->take();
+        QTRY_COMPARE(server_->given.last(), QStringLiteral("a-1h")); // It is still tried.
     }
 
-    void aServerThatGoesAwayDuringEachAttemptIsNotHurried()
+    void oneThatWasSetBackDoesNotDelayWhatComesLater()
     {
+        useEndlessPauses();
         courier_->deliver();
-        emit server_->vanished();
-        emit server_->refused();
+        for (int i = 0; i < 2; ++i) {
+            emit server_->failed(Died);
+            emit server_->appeared();
+        }
+        QCOMPARE(server_->given.last(), QStringLiteral("b-1h"));
+        server_->take();
+        put(QStringLiteral("c-1h"));
+
+        courier_->deliver();
+
+        QCOMPARE(server_->given.last(), QStringLiteral("c-1h"));
+    }
+
+    void aServerThatWentAwayDuringAnAttemptIsTriedAsSoonAsItIsBack()
+    {
+        useEndlessPauses();
+        courier_->deliver();
+        emit server_->failed(Died);
+
         emit server_->appeared();
-        emit server_->vanished();
-        emit server_->refused();
+
+        QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("a-1h")}));
+    }
+
+    void oneThatServersDoNotSurviveWaitsForItsPauseThoughTheyComeBack()
+    {
+        ledger_->transact([this] { ledger_->remove({QStringLiteral("b-1h")}); });
+        courier_->deliver();
+        emit server_->failed(Died);
+        emit server_->appeared();
+        emit server_->failed(Died);
 
         emit server_->appeared();
 
@@ -143,25 +192,44 @@ private slots:
         QVERIFY(wasGiven(3)); // After the pause.
     }
 
-    void aServerThatTookOverDuringAnAttemptIsTriedSoon()
+    void oneThatWasNeverAnsweredIsGivenToTheSameServerThreeTimesAtMost()
     {
-        courier_ = std::make_unique<Courier>(*ledger_, *server_, clock_,
-                                             Courier::Pauses{.first = 1ms, .longest = 1h});
+        ledger_->transact([this] { ledger_->remove({QStringLiteral("b-1h")}); });
         courier_->deliver();
-        constexpr qsizetype attempts = 12; // The pause after them would be over two seconds.
-        for (qsizetype attempt = 1; attempt < attempts; ++attempt) {
-            emit server_->refused();
-            QVERIFY(wasGiven(attempt + 1));
+        for (qsizetype attempts = 1; attempts <= 3; ++attempts) {
+            QVERIFY(wasGiven(attempts));
+            emit server_->failed(Unanswered);
         }
-        QElapsedTimer time;
-        time.start();
+        QVERIFY(!QTest::qWaitFor([&] { return server_->given.size() > 3; }, 300));
 
-        emit server_->vanished();
         emit server_->appeared();
-        emit server_->refused();
 
-        QVERIFY(wasGiven(attempts + 1));
-        QVERIFY(time.elapsed() < 2000);
+        QCOMPARE(server_->given.size(), 4);
+    }
+
+    void aLateAnswerCounts()
+    {
+        useEndlessPauses();
+        courier_->deliver();
+        emit server_->failed(Unanswered);
+
+        server_->take();
+
+        QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
+    }
+
+    void whatIsSetBackIsGivenUpWithItsLead()
+    {
+        courier_->deliver();
+        for (qsizetype attempts = 1; attempts <= 3; ++attempts) {
+            QVERIFY(wasGiven(attempts));
+            emit server_->failed(Refused);
+        }
+        server_->take();
+
+        clock_.moment = noon + 1h;
+
+        QTRY_VERIFY(courier_->isEmpty());
     }
 
     void nothingNewGoesOutWhileItIsHeld()
@@ -192,7 +260,7 @@ private slots:
         courier_->deliver();
         ledger_->transact([this] { ledger_->remove({QStringLiteral("a-1h")}); });
 
-        emit server_->shown();
+        server_->take();
 
         QCOMPARE(head(), QStringLiteral("b-1h"));
         QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
@@ -205,10 +273,17 @@ private slots:
 
         ledger_->transact([this] { ledger_->reviveLapsed(noon + 1min); });
 
-        QCOMPARE(ledger_->pending().size(), 2U);
+        QCOMPARE(ledger_->pending().value().size(), 2U);
     }
 
 private:
+    void useEndlessPauses() { use({.first = 1h, .longest = 1h}); }
+    void useLongPauses() { use({.first = 50ms, .longest = 1h}); }
+    void use(Courier::Pauses other)
+    {
+        courier_ = std::make_unique<Courier>(*ledger_, *server_, clock_, other);
+    }
+
     /// Waits for so many attempts, and notices more closely than QTRY_ when they are there.
     [[nodiscard]] bool wasGiven(qsizetype attempts)
     {

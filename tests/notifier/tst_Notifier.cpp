@@ -25,11 +25,9 @@ private slots:
     {
         folder_ = std::make_unique<QTemporaryDir>();
         notifier_ = std::make_unique<Notifier>(
-            QDBusConnection::sessionBus(), clock_,
-            Notifier::Settings{
-                .folder = folder_->path(), .lingering = 1h, .patience = 1s, .pauses = {}});
+            connection_, clock_,
+            Notifier::Settings{.folder = folder_->path(), .idleTimeout = 1h, .serverTimeout = 1s});
         QVERIFY(notifier_->start());
-        QCoreApplication::processEvents(); // A new connection holds calls back until then.
     }
 
     void cleanup() { notifier_.reset(); }
@@ -50,7 +48,7 @@ private slots:
     {
         const QString started = bus_.path(QStringLiteral("started"));
         bus_.offer(busNames::notificationCenter, QStringLiteral(": > ") + started);
-        QDBusConnection::sessionBus().interface()->call(QStringLiteral("ReloadConfig"));
+        connection_.interface()->call(QStringLiteral("ReloadConfig"));
         const QSignalSpy finished{notifier_.get(), &Notifier::finished};
 
         callWhileItLeaves();
@@ -74,25 +72,26 @@ private:
         client_.send(call);
         client_.interface()->call(QStringLiteral("GetId")); // Answered after that was passed on.
 
-        QVERIFY(QMetaObject::invokeMethod(notifier_.get(), "leave"));
+        QVERIFY(QMetaObject::invokeMethod(notifier_.get(), "leaveIfIdle"));
         QVERIFY(!isOnBus());
     }
 
-    static bool isOnBus()
+    [[nodiscard]] bool isOnBus() const
     {
-        return QDBusConnection::sessionBus().interface()->isServiceRegistered(
-            busNames::notificationCenter);
+        return connection_.interface()->isServiceRegistered(busNames::notificationCenter);
     }
 
     [[nodiscard]] std::size_t pendingInFile() const
     {
         Ledger ledger{folder_->path()};
-        return ledger.open() && ledger.isOnDisk() ? ledger.pending().size() : 0;
+        return ledger.open() && ledger.isOnDisk() ? ledger.pending().value().size() : 0;
     }
 
     const PrivateSessionBus bus_;
     QDBusConnection client_ =
         QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("client"));
+    const QDBusConnection connection_ =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("notifier"));
     const SystemClock clock_;
     std::unique_ptr<QTemporaryDir> folder_;
     std::unique_ptr<Notifier> notifier_;

@@ -64,6 +64,10 @@ class Notifier:
     def ledger(self) -> Path:
         return self.folder / "pending.sqlite"
 
+    def caller(self):
+        """Another caller of the same centre, with a connection of its own."""
+        return Notifier(self.bus, self.folder.parent)
+
     def start(self, *arguments: str, command: tuple[str, ...] = ()):
         """Starts it and waits until it has its name."""
         self.process = subprocess.Popen(
@@ -79,6 +83,11 @@ class Notifier:
         self.process.stderr.close()
         self.process = None
         wait_until(lambda: not self.has_owner(), "its end")
+
+    def forget_process(self):
+        """After its end."""
+        self.process.stderr.close()
+        self.process = None
 
     def restart(self, *arguments: str):
         self.kill()
