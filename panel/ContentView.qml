@@ -5,6 +5,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 
 import org.norvane.panel
 
@@ -42,6 +43,7 @@ Rectangle {
         if (root.newName === "")
             return
         root.store.add(root.newName, root.newEndDate, root.content.cost(root.newCost), root.newNotes)
+        root.announce(Phrase.with(qsTr("%@ added"), root.newName))
         root.emptyForm()
         root.newEndDate = root.content.weekFromNow()
         root.showingAdd = false
@@ -55,6 +57,23 @@ Rectangle {
             footer.focusAdd()
     }
 
+    // What is in front of the panel keeps the keyboard, and so does whatever had it in the form.
+    function takeFocusOnShowing() {
+        if (T.Overlay.overlay !== null && T.Overlay.overlay.visible)
+            return
+        if (root.showingAdd)
+            form.itemAt(0).forceActiveFocus(Qt.ActiveWindowFocusReason)
+        else
+            footer.focusAdd()
+    }
+
+    // Lets a screen reader say it, once it has said where the focus went.
+    function announce(text: string) {
+        announcement.visible = false
+        announcement.text = text
+        Qt.callLater(() => announcement.visible = true)
+    }
+
     implicitWidth: 360
     color: Theme.background
 
@@ -65,6 +84,38 @@ Rectangle {
     onNewEndDateChanged: root.content.rebuild()
     onNewCostChanged: root.content.rebuild()
     onNewNotesChanged: root.content.rebuild()
+
+    Connections {
+        id: shell
+
+        property bool newlyShown: false
+
+        target: root.Window.window
+
+        function onVisibleChanged() {
+            shell.newlyShown = root.Window.window.visible
+            if (shell.newlyShown)
+                root.takeFocusOnShowing()
+        }
+        function onActiveChanged() {
+            if (!shell.newlyShown || !root.Window.window.active)
+                return
+            shell.newlyShown = false
+            root.announce(header.words)
+        }
+    }
+    // Not seen: a screen reader reads it out when it appears.
+    Item {
+        id: announcement
+
+        property string text: ""
+
+        anchors.fill: parent
+        visible: false
+
+        Accessible.role: Accessible.Notification
+        Accessible.name: announcement.text
+    }
 
     ColumnLayout {
         anchors.fill: parent
@@ -104,7 +155,10 @@ Rectangle {
             Layout.fillWidth: true
             Layout.fillHeight: true
 
-            onDelete_: trial => root.store.delete_(trial)
+            onDelete_: trial => {
+                root.store.delete_(trial)
+                root.announce(Phrase.with(qsTr("%@ deleted"), trial.name))
+            }
             onEmptied: root.takeFocus()
         }
         Separator {}

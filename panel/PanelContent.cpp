@@ -4,6 +4,7 @@
 #include "panel/PanelContent.h"
 
 #include "model/record/Cost.h"
+#include "panel/AccessibleItem.h"
 #include "platform/Clock.h"
 
 #include <utility>
@@ -17,6 +18,7 @@ PanelContent::PanelContent(const Platform &platform, const QLocale &locale)
       calendar_{platform.clock, platform.calendars, locale},
       activeCount_{store_.activeCount()}
 {
+    AccessibleItem::install();
     connect(&store_, &TrialStore::objectWillChange, this, &PanelContent::rebuildSoon);
 }
 

@@ -12,6 +12,9 @@ Item {
 
     required property int activeCount
 
+    // What it says, as one sentence.
+    readonly property string words: product.text + ", " + count.text
+
     implicitHeight: row.implicitHeight + 20
 
     RowLayout {
@@ -26,6 +29,8 @@ Item {
             size: Theme.symbolSize(Theme.title3)
         }
         Text {
+            id: product
+
             horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             text: qsTr("Norvane")
@@ -37,6 +42,8 @@ Item {
             Layout.fillWidth: true
         }
         Text {
+            id: count
+
             text: Phrase.with(qsTr("%lld active"), root.activeCount.toString())
             textFormat: Text.PlainText
             Accessible.role: Accessible.StaticText

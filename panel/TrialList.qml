@@ -8,8 +8,8 @@ import QtQuick.Templates as T
 
 import org.norvane.panel
 
-// The tracked trials, one row each, in the order in which they were added. For the keyboard it is
-// one stop, from which the arrow keys walk the rows.
+// The tracked trials, one row each, in the order in which they were added. The tab key stops at one
+// row and at its trash button; from there the arrow keys walk the rows.
 ListView {
     id: root
 
@@ -38,7 +38,6 @@ ListView {
 
     model: root.trials
     clip: true
-    reuseItems: true
     cacheBuffer: 0
     boundsBehavior: Flickable.StopAtBounds
     keyNavigationEnabled: false
@@ -47,6 +46,7 @@ ListView {
 
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Trials")
+    Accessible.description: Phrase.with(qsTr("%lld in total"), root.count.toString())
     Keys.onUpPressed: root.goTo(root.currentIndex - 1)
     Keys.onDownPressed: root.goTo(root.currentIndex + 1)
     Keys.onPressed: event => {
@@ -69,14 +69,9 @@ ListView {
         stop: row.index === root.currentIndex && root.height > 0
 
         onDelete_: root.delete_(row.trial)
-        onActiveFocusChanged: {
-            if (row.activeFocus)
-                root.currentIndex = row.index
-            // Under a pressed mouse button nothing moves.
-            if (row.showsFocus)
-                root.positionViewAtIndex(row.index, ListView.Contain)
-        }
-        ListView.onPooled: row.showDeleteConfirm = false
+        onReached: root.currentIndex = row.index
+        // Under a pressed mouse button nothing moves.
+        onShowsFocusChanged: if (row.showsFocus) root.positionViewAtIndex(row.index, ListView.Contain)
     }
 
     Connections {

@@ -4,10 +4,12 @@
 #include "panel/TrialListModel.h"
 
 #include "model/store/TrialStore.h"
+#include "panel/Phrase.h"
 #include "panel/TrialPresentation.h"
 #include "platform/Clock.h"
 #include "time/CalendarSource.h"
 
+#include <QCoreApplication>
 #include <QSet>
 
 #include <algorithm>
@@ -100,14 +102,28 @@ QVariant TrialListModel::data(const QModelIndex &index, int role) const
         return QVariant::fromValue(trial);
     case PresentationRole:
         return QVariant::fromValue(TrialPresentation::of(trial, asOf_, calendar_));
+    case SentenceRole:
+        return TrialPresentation::of(trial, asOf_, calendar_).sentence(trial.name);
+    case PlaceRole:
+        return place(index.row());
     default:
         return {};
     }
 }
 
+QString TrialListModel::place(int row) const
+{
+    const QString ofAll = Phrase::with(QCoreApplication::translate("TrialRow", "%@ of %lld"),
+                                       QString::number(rows_.size()));
+    return Phrase::with(ofAll, QString::number(row + 1));
+}
+
 QHash<int, QByteArray> TrialListModel::roleNames() const
 {
-    return {{TrialRole, "trial"}, {PresentationRole, "presentation"}};
+    return {{TrialRole, "trial"},
+            {PresentationRole, "presentation"},
+            {SentenceRole, "sentence"},
+            {PlaceRole, "place"}};
 }
 
 } // namespace norvane

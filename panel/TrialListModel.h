@@ -31,6 +31,9 @@ public:
     enum Role {
         TrialRole = Qt::UserRole, ///< Trial
         PresentationRole,         ///< TrialPresentation, as of the last rebuild
+        // For a screen reader:
+        SentenceRole = Qt::AccessibleTextRole,     ///< The name, the days left and the cost.
+        PlaceRole = Qt::AccessibleDescriptionRole, ///< "3 of 12".
     };
 
     /// Borrows the store and the platform's clock and calendar.
@@ -47,6 +50,7 @@ public:
 
 private:
     void dropMissing(const QList<Trial> &wanted);
+    [[nodiscard]] QString place(int row) const;
 
     const TrialStore &store_;
     const Clock &clock_;

@@ -17,7 +17,7 @@ class Calendar;
 struct TrialPresentation {
     Q_GADGET
     QML_VALUE_TYPE(trialPresentation)
-    Q_PROPERTY(QString days MEMBER days)
+    Q_PROPERTY(QString daysText MEMBER daysText)
     Q_PROPERTY(int urgency READ urgencyNumber)
     Q_PROPERTY(QString badgeSymbol MEMBER badgeSymbol)
     Q_PROPERTY(QString costText MEMBER costText)
@@ -29,8 +29,11 @@ public:
     /// For QML, which compares the enumerators as numbers.
     [[nodiscard]] int urgencyNumber() const noexcept { return static_cast<int>(urgency); }
 
+    /// What a screen reader says of the trial of this name: "Acme, 5d left, $9.99".
+    [[nodiscard]] QString sentence(const QString &name) const;
+
     qint64 daysRemaining = 0; ///< Whole calendar days, negative once the end is a day past.
-    QString days;             ///< The same in decimal digits.
+    QString daysText;         ///< The same in words: "5d left".
     urgencies::Urgency urgency = urgencies::Urgency::Over;
     QString badgeSymbol;
     QString costText; ///< "· $9.99"; empty where there is nothing to pay.

@@ -11,20 +11,26 @@ import QtQuick.Templates as T
 import org.norvane.panel
 
 // One trial: how urgent it is, its name, the days left, what it will cost, and a way to delete it.
-FocusScope {
+// The keyboard reaches the row and, from there, its trash button.
+Item {
     id: root
 
     required property trial trial
     required property trialPresentation presentation
+    // What a screen reader says of the trial, and of its place in the list.
+    required property string sentence
+    required property string place
     // Whether the tab key stops here.
     required property bool stop
 
     property bool showDeleteConfirm: false
 
-    readonly property bool showsFocus: trash.showsFocus
+    // What asked for the deletion; the keyboard returns there.
+    property Item asker: trash
+
+    readonly property bool showsFocus: root.activeFocus || trash.showsFocus
     // Between the badge and the trash button.
     readonly property real roomForText: content.width - badge.width - trash.width + 2 * trash.padding - 3 * content.spacing
-    readonly property string daysText: Phrase.with(qsTr("%lldd left"), root.presentation.days)
     readonly property hue urgencyColor: {
         switch (root.presentation.urgency) {
         case Urgency.Over: return Theme.red
@@ -35,16 +41,45 @@ FocusScope {
     }
 
     signal delete_()
+    // The keyboard came here.
+    signal reached()
 
-    function sentence(): string {
-        const words = root.trial.name + ", " + root.daysText
-        return root.presentation.costText === "" ? words : words + " " + root.presentation.costText
+    // The list may give the keyboard to the row when it hears of it.
+    function arrive(item: Item, reason: int) {
+        root.reached()
+        if (!item.activeFocus)
+            item.forceActiveFocus(reason)
+    }
+
+    function ask(asker: Item) {
+        root.asker = asker
+        root.showDeleteConfirm = true
     }
 
     implicitHeight: content.implicitHeight + 8
+    activeFocusOnTab: root.stop || root.activeFocus
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: root.sentence()
+    Accessible.name: root.sentence
+    Accessible.description: root.place
+    Accessible.focusable: true
+    onActiveFocusChanged: if (root.activeFocus) root.arrive(root, Qt.OtherFocusReason)
+    Keys.onPressed: event => {
+        const inward = root.LayoutMirroring.enabled ? Qt.Key_Left : Qt.Key_Right
+        const outward = root.LayoutMirroring.enabled ? Qt.Key_Right : Qt.Key_Left
+        event.accepted = true
+        if ((event.modifiers & ~Qt.KeypadModifier) !== Qt.NoModifier)
+            event.accepted = false
+        else if (event.key === Qt.Key_Delete)
+            root.ask(trash.activeFocus ? trash : root)
+        else if (event.key === inward)
+            trash.forceActiveFocus(Qt.TabFocusReason)
+        else if (event.key === outward)
+            root.forceActiveFocus(Qt.TabFocusReason)
+        else
+            event.accepted = false
+    }
+
 
     RowLayout {
         id: content
@@ -73,7 +108,7 @@ FocusScope {
                 Layout.fillWidth: true
             }
             TrialDetails {
-                daysText: root.daysText
+                daysText: root.presentation.daysText
                 daysColor: root.urgencyColor.text
                 costText: root.presentation.costText
                 room: root.roomForText
@@ -88,16 +123,23 @@ FocusScope {
             symbol: "trash"
             font: Theme.caption
             color: Theme.secondary
-            focus: true
             focusPolicy: Qt.ClickFocus
             activeFocusOnTab: root.stop || trash.activeFocus
             Accessible.description: root.trial.name
             Layout.margins: -trash.padding
 
-            onClicked: root.showDeleteConfirm = true
+            onActiveFocusChanged: if (trash.activeFocus) root.arrive(trash, trash.focusReason)
+            onClicked: root.ask(trash)
         }
     }
 
+    Rectangle {
+        anchors { fill: parent; margins: 1 }
+        visible: root.activeFocus
+        color: "transparent"
+        radius: Theme.corner
+        border { color: Theme.accent; width: 2 }
+    }
     // Made when it is needed, and gone with the answer.
     Instantiator {
         active: root.showDeleteConfirm
@@ -108,7 +150,7 @@ FocusScope {
             onConfirmed: root.delete_()
             onClosed: {
                 root.showDeleteConfirm = false
-                trash.forceActiveFocus(Qt.PopupFocusReason)
+                root.asker.forceActiveFocus(Qt.PopupFocusReason)
             }
         }
     }

@@ -36,6 +36,17 @@
     </message>
 </context>
 <context>
+    <name>ContentView</name>
+    <message>
+        <source>%@ added</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%@ deleted</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CostRow</name>
     <message>
         <source>$</source>
@@ -154,15 +165,23 @@
         <source>Trials</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>%lld in total</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>TrialRow</name>
     <message>
-        <source>%lldd left</source>
+        <source>Delete</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Delete</source>
+        <source>%@ of %lld</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%lldd left</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -36,6 +36,17 @@
     </message>
 </context>
 <context>
+    <name>ContentView</name>
+    <message>
+        <source>%@ added</source>
+        <translation>تمت إضافة ⁨%@⁩</translation>
+    </message>
+    <message>
+        <source>%@ deleted</source>
+        <translation>تم حذف ⁨%@⁩</translation>
+    </message>
+</context>
+<context>
     <name>CostRow</name>
     <message>
         <source>$</source>
@@ -154,16 +165,24 @@
         <source>Trials</source>
         <translation>الفترات التجريبية</translation>
     </message>
+    <message>
+        <source>%lld in total</source>
+        <translation>المجموع: %lld</translation>
+    </message>
 </context>
 <context>
     <name>TrialRow</name>
     <message>
-        <source>%lldd left</source>
-        <translation>متبقٍّ: ⁦%lld⁩ ي</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>حذف</translation>
+    </message>
+    <message>
+        <source>%@ of %lld</source>
+        <translation>%@ من %lld</translation>
+    </message>
+    <message>
+        <source>%lldd left</source>
+        <translation>متبقٍّ: ⁦%lld⁩ ي</translation>
     </message>
 </context>
 </TS>

@@ -36,6 +36,17 @@
     </message>
 </context>
 <context>
+    <name>ContentView</name>
+    <message>
+        <source>%@ added</source>
+        <translation>%@ hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%@ deleted</source>
+        <translation>%@ gelöscht</translation>
+    </message>
+</context>
+<context>
     <name>CostRow</name>
     <message>
         <source>$</source>
@@ -154,16 +165,24 @@
         <source>Trials</source>
         <translation>Testphasen</translation>
     </message>
+    <message>
+        <source>%lld in total</source>
+        <translation>%lld insgesamt</translation>
+    </message>
 </context>
 <context>
     <name>TrialRow</name>
     <message>
-        <source>%lldd left</source>
-        <translation>noch %lld Tg.</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>%@ of %lld</source>
+        <translation>%@ von %lld</translation>
+    </message>
+    <message>
+        <source>%lldd left</source>
+        <translation>noch %lld Tg.</translation>
     </message>
 </context>
 </TS>

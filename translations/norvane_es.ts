@@ -36,6 +36,17 @@
     </message>
 </context>
 <context>
+    <name>ContentView</name>
+    <message>
+        <source>%@ added</source>
+        <translation>Se ha añadido %@</translation>
+    </message>
+    <message>
+        <source>%@ deleted</source>
+        <translation>Se ha eliminado %@</translation>
+    </message>
+</context>
+<context>
     <name>CostRow</name>
     <message>
         <source>$</source>
@@ -154,16 +165,24 @@
         <source>Trials</source>
         <translation>Pruebas</translation>
     </message>
+    <message>
+        <source>%lld in total</source>
+        <translation>%lld en total</translation>
+    </message>
 </context>
 <context>
     <name>TrialRow</name>
     <message>
-        <source>%lldd left</source>
-        <translation>%lld d restantes</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>%@ of %lld</source>
+        <translation>%@ de %lld</translation>
+    </message>
+    <message>
+        <source>%lldd left</source>
+        <translation>%lld d restantes</translation>
     </message>
 </context>
 </TS>

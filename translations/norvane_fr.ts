@@ -36,6 +36,17 @@
     </message>
 </context>
 <context>
+    <name>ContentView</name>
+    <message>
+        <source>%@ added</source>
+        <translation>%@ ajouté</translation>
+    </message>
+    <message>
+        <source>%@ deleted</source>
+        <translation>%@ supprimé</translation>
+    </message>
+</context>
+<context>
     <name>CostRow</name>
     <message>
         <source>$</source>
@@ -154,16 +165,24 @@
         <source>Trials</source>
         <translation>Essais</translation>
     </message>
+    <message>
+        <source>%lld in total</source>
+        <translation>%lld au total</translation>
+    </message>
 </context>
 <context>
     <name>TrialRow</name>
     <message>
-        <source>%lldd left</source>
-        <translation>reste %lld j</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>%@ of %lld</source>
+        <translation>%@ sur %lld</translation>
+    </message>
+    <message>
+        <source>%lldd left</source>
+        <translation>reste %lld j</translation>
     </message>
 </context>
 </TS>

@@ -36,6 +36,17 @@
     </message>
 </context>
 <context>
+    <name>ContentView</name>
+    <message>
+        <source>%@ added</source>
+        <translation>%@を追加しました</translation>
+    </message>
+    <message>
+        <source>%@ deleted</source>
+        <translation>%@を削除しました</translation>
+    </message>
+</context>
+<context>
     <name>CostRow</name>
     <message>
         <source>$</source>
@@ -154,16 +165,24 @@
         <source>Trials</source>
         <translation>トライアル</translation>
     </message>
+    <message>
+        <source>%lld in total</source>
+        <translation>全%lld件</translation>
+    </message>
 </context>
 <context>
     <name>TrialRow</name>
     <message>
-        <source>%lldd left</source>
-        <translation>残り%lld日</translation>
-    </message>
-    <message>
         <source>Delete</source>
         <translation>削除</translation>
+    </message>
+    <message>
+        <source>%@ of %lld</source>
+        <translation>%lld件中%@件目</translation>
+    </message>
+    <message>
+        <source>%lldd left</source>
+        <translation>残り%lld日</translation>
     </message>
 </context>
 </TS>

@@ -179,6 +179,37 @@ QString PanelFixture::roleOf(QQuickItem *item) const
     return QString::fromLatin1(roles.valueToKey(interface->role()));
 }
 
+QStringList PanelFixture::statesOf(QQuickItem *item) const
+{
+    const QAccessible::State state = QAccessible::queryAccessibleInterface(item)->state();
+    QStringList states;
+    for (const auto &[name, is] :
+         {std::pair{"disabled", state.disabled != 0}, std::pair{"focusable", state.focusable != 0},
+          std::pair{"focused", state.focused != 0}, std::pair{"selectable", state.selectable != 0},
+          std::pair{"selected", state.selected != 0}}) {
+        if (is) {
+            states.append(QString::fromLatin1(name));
+        }
+    }
+    return states;
+}
+
+QStringList PanelFixture::children(QQuickItem *item) const
+{
+    const QAccessibleInterface *const parent = QAccessible::queryAccessibleInterface(item);
+    QStringList children;
+    for (int index = 0; index < parent->childCount(); ++index) {
+        const QAccessibleInterface *const child = parent->child(index);
+        const bool knowsItsPlace = child != nullptr && child->isValid() &&
+                                   child->parent() == parent &&
+                                   parent->indexOfChild(child) == index;
+        children.append(knowsItsPlace ? child->text(QAccessible::Name) + QStringLiteral("; ") +
+                                            child->text(QAccessible::Description)
+                                      : QStringLiteral("lost"));
+    }
+    return children;
+}
+
 int PanelFixture::countOf(QQuickItem *below, const QString &type) const
 {
     int count = QString::fromLatin1(below->metaObject()->className()).startsWith(type) ? 1 : 0;

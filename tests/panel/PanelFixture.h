@@ -52,6 +52,10 @@ public:
     Q_INVOKABLE [[nodiscard]] QString nameOf(QQuickItem *item) const;
     Q_INVOKABLE [[nodiscard]] QString descriptionOf(QQuickItem *item) const;
     Q_INVOKABLE [[nodiscard]] QString roleOf(QQuickItem *item) const;
+    /// Of an item: disabled, focusable, focused, selectable and selected, as far as it is.
+    Q_INVOKABLE [[nodiscard]] QStringList statesOf(QQuickItem *item) const;
+    /// What a screen reader finds directly below an item: "name; description" of each.
+    Q_INVOKABLE [[nodiscard]] QStringList children(QQuickItem *item) const;
     /// How many items of this type there are below an item, shown or not.
     Q_INVOKABLE [[nodiscard]] int countOf(QQuickItem *below, const QString &type) const;
 

@@ -68,7 +68,7 @@ class User:
         self.enter("Monthly cost after trial", cost)
         self.enter("Service name", name)
         self.press("push button", "Track Trial")
-        self.see("list item", f"{name}, 6d left · ${cost}")  # Seven days from a moment ago.
+        self.see("list item", f"{name}, 6d left, ${cost}")  # Seven days from a moment ago.
 
 
 def walk(user):

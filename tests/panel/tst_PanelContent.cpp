@@ -32,7 +32,7 @@ QString days(const TrialListModel &rows, int row)
 {
     return rows.data(rows.index(row), TrialListModel::PresentationRole)
         .value<TrialPresentation>()
-        .days;
+        .daysText;
 }
 
 } // namespace
@@ -106,15 +106,15 @@ private slots:
     {
         PanelOnFakes panel{{trial("a", 30)}, QByteArrayLiteral("UTC"), QLocale::c()};
         QCOMPARE(panel.content().activeCount(), 1);
-        QCOMPARE(days(*panel.content().trials(), 0), QStringLiteral("1"));
+        QCOMPARE(days(*panel.content().trials(), 0), QStringLiteral("1d left"));
 
         panel.clock().set(PanelOnFakes::start.advanced(7 * 86'400.0));
         QCOMPARE(panel.content().activeCount(), 1);
-        QCOMPARE(days(*panel.content().trials(), 0), QStringLiteral("1"));
+        QCOMPARE(days(*panel.content().trials(), 0), QStringLiteral("1d left"));
 
         panel.content().rebuild();
         QCOMPARE(panel.content().activeCount(), 0);
-        QCOMPARE(days(*panel.content().trials(), 0), QStringLiteral("-5"));
+        QCOMPARE(days(*panel.content().trials(), 0), QStringLiteral("-5d left"));
     }
 };
 

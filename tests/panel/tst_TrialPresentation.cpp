@@ -23,16 +23,16 @@ private slots:
         QTest::addColumn<Urgency>("urgency");
         QTest::addColumn<QString>("symbol");
 
-        QTest::newRow("3 days and 1 hour") << 73.0 << "3" << Urgency::Soon << "bell";
-        QTest::newRow("2 days") << 48.0 << "2" << Urgency::Soon << "bell";
-        QTest::newRow("47 hours") << 47.0 << "1" << Urgency::Tomorrow << "exclamationmark.2";
-        QTest::newRow("36 hours") << 36.0 << "1" << Urgency::Tomorrow << "exclamationmark.2";
-        QTest::newRow("20 hours") << 20.0 << "0" << Urgency::Over << "xmark";
-        QTest::newRow("4 days") << 96.0 << "4" << Urgency::Relaxed << "checkmark";
-        QTest::newRow("10 hours ago") << -10.0 << "0" << Urgency::Over << "xmark";
-        QTest::newRow("50 hours ago") << -50.0 << "-2" << Urgency::Over << "xmark";
-        QTest::newRow("3 days ago") << -72.0 << "-3" << Urgency::Over << "xmark";
-        QTest::newRow("never") << 1e300 << "0" << Urgency::Over << "xmark";
+        QTest::newRow("3 days and 1 hour") << 73.0 << "3d left" << Urgency::Soon << "bell";
+        QTest::newRow("2 days") << 48.0 << "2d left" << Urgency::Soon << "bell";
+        QTest::newRow("47 hours") << 47.0 << "1d left" << Urgency::Tomorrow << "exclamationmark.2";
+        QTest::newRow("36 hours") << 36.0 << "1d left" << Urgency::Tomorrow << "exclamationmark.2";
+        QTest::newRow("20 hours") << 20.0 << "0d left" << Urgency::Over << "xmark";
+        QTest::newRow("4 days") << 96.0 << "4d left" << Urgency::Relaxed << "checkmark";
+        QTest::newRow("10 hours ago") << -10.0 << "0d left" << Urgency::Over << "xmark";
+        QTest::newRow("50 hours ago") << -50.0 << "-2d left" << Urgency::Over << "xmark";
+        QTest::newRow("3 days ago") << -72.0 << "-3d left" << Urgency::Over << "xmark";
+        QTest::newRow("never") << 1e300 << "0d left" << Urgency::Over << "xmark";
     }
     void theTimeLeftGivesDaysUrgencyAndSymbol()
     {
@@ -40,7 +40,7 @@ private slots:
 
         const TrialPresentation row = of(hours, 0);
 
-        QTEST(row.days, "days");
+        QTEST(row.daysText, "days");
         QTEST(row.urgency, "urgency");
         QTEST(row.badgeSymbol, "symbol");
     }
@@ -62,6 +62,12 @@ private slots:
         QFETCH(const double, cost);
 
         QTEST(of(100, cost).costText, "text");
+    }
+
+    void aScreenReaderSaysNameDaysAndCostInOneSentence()
+    {
+        QCOMPARE(of(36, 9.5).sentence(QStringLiteral("Acme")), u"Acme, 1d left, $9.50");
+        QCOMPARE(of(36, 0).sentence(QStringLiteral("Acme")), u"Acme, 1d left");
     }
 
 private:

@@ -147,13 +147,13 @@ PanelTest {
         type("x")
 
         const visited = []
-        for (let step = 0; step < 9; ++step) {
+        for (let step = 0; step < 10; ++step) {
             visited.push(focusName())
             keyClick(Qt.Key_Tab)
         }
 
         compare(visited, ["Service name", "Trial ends", "Choose a day", "Trial ends", "Monthly cost after trial",
-                          "Cancel", "Track Trial", "Delete", "Quit"])
+                          "Cancel", "Track Trial", "Acme, 2d left", "Delete", "Quit"])
     }
 
     function test_afterTheFormTheFocusIsOnAddTrial() {

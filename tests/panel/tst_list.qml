@@ -63,7 +63,7 @@ PanelTest {
     function test_arrowsPagesHomeAndEndWalkTheRows() {
         openOn(fixture.startWithMany(1000))
         keyClick(Qt.Key_Tab)
-        const at = () => fixture.descriptionOf(focusItem())
+        const at = () => focusName().split(",")[0]
         compare(at(), "Trial 0")
 
         keyClick(Qt.Key_Down)
@@ -97,10 +97,13 @@ PanelTest {
         found("Delete Trial?")
     }
 
-    function test_forTheTabKeyTheListIsOneStop() {
+    function test_theTabKeyStopsAtOneRowAndItsTrash() {
         openOn(fixture.startWithMany(1000))
 
         keyClick(Qt.Key_Tab)
+        compare(focusName(), "Trial 0, 2d left, $5.00")
+        keyClick(Qt.Key_Tab)
+        compare([focusName(), fixture.descriptionOf(focusItem())], ["Delete", "Trial 0"])
         keyClick(Qt.Key_Tab)
 
         compare(focusName(), "Add Trial")

@@ -35,7 +35,7 @@ PanelTest {
         open([{ name: "Acme", hours: 50, cost: 9.5 }, { name: "Free", hours: 50, cost: 0 }])
 
         verify(fixture.text(test, "· $9.50"))
-        verify(found("Acme, 2d left · $9.50"))
+        verify(found("Acme, 2d left, $9.50"))
         verify(found("Free, 2d left"))
     }
 
@@ -89,7 +89,7 @@ PanelTest {
     function test_theSpacesAreThoseOfTheDesign() {
         const panel = open([{ name: "Acme", hours: 50, cost: 9.5 }])
 
-        const row = found("Acme, 2d left · $9.50")
+        const row = found("Acme, 2d left, $9.50")
         const badge = row.children[0].children[0]
         const label = fixture.text(test, "Acme"), days = fixture.text(test, "2d left"), cost = fixture.text(test, "· $9.50")
         const x = item => item.mapToItem(row, 0, 0).x, y = item => item.mapToItem(row, 0, 0).y

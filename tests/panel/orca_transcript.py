@@ -1,0 +1,131 @@
+# SPDX-FileCopyrightText: 2026 the Norvane authors
+# SPDX-License-Identifier: MIT
+"""Walks a session of Norvane by keys alone, and compares what the screen reader Orca says.
+
+    orca_transcript.py BUILD
+"""
+
+import json
+import subprocess
+import sys
+import time
+import uuid
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests"))
+
+from support.desktop import Desktop, fresh_folder  # noqa: E402
+from support.orca import Orca  # noqa: E402
+from support.waiting import wait_until  # noqa: E402
+
+# What the accessibility library calls a role, from this version of it on.
+ROLE_WORDS = [
+    ((2, 0), {"button": "push button", "notification": "notification", "dialog": "dialog", "text": "text"}),
+    ((2, 56), {"button": "button", "notification": "notification", "dialog": "dialog", "text": "text"}),
+]
+
+ENGLISH = {
+    "active": "Norvane, 1 active",
+    "name": "Service name",
+    "hint": "e.g. Netflix, Canva Pro",
+    "add": "Add Trial",
+    "quit": "Quit",
+    "list": "Trials",
+    "acme": "Acme Cloud, 2d left, $9.50",
+    "radio": "Radio Norte, -1d left",
+    "canva": "Canva Pro, 6d left",
+    "place": "{} of {}",
+    "delete": "Delete",
+    "cancel": "Cancel",
+    "question": 'Delete Trial? {dialog} Remove "Canva Pro" from Norvane?',
+    "added": "Canva Pro added",
+    "deleted": "Canva Pro deleted",
+}
+END_OF_TRIALS = {"Acme Cloud": 2.5, "Radio Norte": -1.5}
+COSTS = {"Acme Cloud": 9.5, "Radio Norte": 0}
+
+
+def role_words():
+    version = subprocess.run(
+        ["dpkg-query", "-W", "-f", "${Version}", "at-spi2-core"], capture_output=True, text=True, check=True
+    ).stdout
+    installed = tuple(int(part) for part in version.split("-")[0].split(".")[:2])
+    return [words for since, words in ROLE_WORDS if since <= installed][-1]
+
+
+def write_trials(file):
+    now = time.time() - 978307200  # A trials file counts from 2001.
+    file.parent.mkdir(parents=True)
+    file.write_text(json.dumps([
+        {"id": str(uuid.uuid4()), "name": name, "endDate": now + days * 86400, "cost": COSTS[name],
+         "notes": "", "createdAt": now, "notificationIds": []}
+        for name, days in END_OF_TRIALS.items()
+    ]))
+
+
+def steps(say):
+    """The keys of a session, and what is to be heard after each.
+
+    `say` has Norvane's own words; in braces are Orca's words for a role.
+    """
+    def row(trial, place, count):
+        return [say[trial] + ".", say["place"].format(place, count) + "."]
+
+    def arriving(trial, place, count):
+        return [say["list"] + ".", f"List with {count} items.", *row(trial, place, count)]
+
+    add, quit_ = say["add"] + " {button}.", say["quit"] + " {button}."
+    name_field = [say["name"] + " {text}.", say["hint"] + "."]
+    cancel, delete = say["cancel"] + " {button}.", say["delete"] + " {button}."
+    return [
+        ("Return", name_field),
+        ("ctrl+Escape", [add]),
+        ("Return", name_field),
+        ("type Canva Pro", []),
+        ("ctrl+Return", [add, "{notification} " + say["added"] + "."]),
+        ("Tab", [quit_]),
+        ("Tab", arriving("acme", 1, 3)),
+        ("Down", row("radio", 2, 3)),
+        ("inward", [delete, "Radio Norte."]),
+        ("Down", row("canva", 3, 3)),
+        ("Up", row("radio", 2, 3)),
+        ("End", row("canva", 3, 3)),
+        ("Delete", [say["question"], cancel]),
+        ("Escape", arriving("canva", 3, 3)),
+        ("Delete", [say["question"], cancel]),
+        ("Tab", [delete]),
+        ("Return", ["{notification} " + say["deleted"] + ".", *arriving("radio", 2, 2)]),
+        ("Tab", [delete, "Radio Norte."]),
+        ("Tab", [add]),
+        ("Tab", [quit_]),
+    ]
+
+
+def walk(desktop, program, say, inward, **language):
+    words = role_words()
+    write_trials(desktop.home / ".local/share/Norvane/trials.json")
+    with Orca(desktop) as orca:
+        desktop.start(program, **language)
+        wait_until(lambda: desktop.owns("org.norvane.Norvane"), "Norvane on the bus")
+        desktop.run(program)  # The second one asks the first to show its panel.
+        opened = [say["add"] + " {button}.", "{notification} " + say["active"] + "."]
+        for keys, expected in [("open", opened), *steps(say)]:
+            if keys.startswith("type "):
+                desktop.type(keys.removeprefix("type "))
+            elif keys != "open":
+                desktop.key(inward if keys == "inward" else keys)
+            expected = [line.format(**words) for line in expected]
+            heard = orca.hear(*expected)
+            assert heard == expected, f"after {keys}: {heard}, not {expected}"
+        desktop.key("Return")
+        wait_until(lambda: not desktop.owns("org.norvane.Norvane"), "the end of Norvane")
+
+
+def main(build):
+    with Desktop(fresh_folder(Path(build) / "orca-desktop")) as desktop:
+        walk(desktop, Path(build) / "app/norvane", ENGLISH, inward="Right")
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
