@@ -79,7 +79,11 @@ ColumnLayout {
         }
     }
     GridLayout {
-        columns: deleteButton.implicitWidth + columnSpacing + cancelButton.implicitWidth <= root.width ? 2 : 1
+        id: answers
+
+        readonly property real widest: Math.max(deleteButton.implicitWidth, cancelButton.implicitWidth)
+
+        columns: 2 * answers.widest + columnSpacing <= root.width ? 2 : 1
         columnSpacing: 10
         rowSpacing: 10
         Layout.alignment: Qt.AlignHCenter
@@ -89,7 +93,8 @@ ColumnLayout {
             id: deleteButton
 
             text: qsTr("Delete")
-            color: Contrast.readable(Theme.red.text, Theme.bezel)
+            weight: FormButton.Destructive
+            Layout.preferredWidth: answers.widest
             Layout.fillWidth: true
             onClicked: root.confirmed()
         }
@@ -97,6 +102,7 @@ ColumnLayout {
             id: cancelButton
 
             text: qsTr("Cancel")
+            Layout.preferredWidth: answers.widest
             Layout.fillWidth: true
             onClicked: root.canceled()
         }

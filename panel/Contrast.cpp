@@ -3,12 +3,19 @@
 
 #include "panel/Contrast.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QVariant>
+
 #include <algorithm>
 #include <cmath>
 
 namespace norvane {
 
 namespace {
+
+/// Kept where the application's palette and font are, and like them followed by an event.
+constexpr const char *moreProperty = "norvaneMoreContrast";
 
 double linear(double channel)
 {
@@ -22,21 +29,24 @@ double luminance(const QColor &color)
            0.0722 * linear(rgb.blueF());
 }
 
-QColor ensured(const QColor &color, const QColor &background, double wanted)
+} // namespace
+
+Contrast::Contrast(QObject *parent) : QObject{parent}
 {
-    const QColor black{Qt::black};
-    const QColor white{Qt::white};
-    const bool darken = Contrast::ratio(black, background) > Contrast::ratio(white, background);
-    constexpr int steps = 50;
-    QColor mixture = color;
-    for (int step = 1; step <= steps && Contrast::ratio(mixture, background) < wanted; ++step) {
-        mixture =
-            Contrast::blended(darken ? black : white, static_cast<double>(step) / steps, color);
-    }
-    return mixture;
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
-} // namespace
+bool Contrast::more()
+{
+    return QCoreApplication::instance()->property(moreProperty).toBool();
+}
+
+void Contrast::setMore(bool more)
+{
+    if (more != Contrast::more()) {
+        QCoreApplication::instance()->setProperty(moreProperty, more);
+    }
+}
 
 double Contrast::ratio(const QColor &color, const QColor &background)
 {
@@ -45,14 +55,40 @@ double Contrast::ratio(const QColor &color, const QColor &background)
     return std::max(one, other) / std::min(one, other);
 }
 
-QColor Contrast::readable(const QColor &color, const QColor &background)
+QColor Contrast::ensured(const QColor &color, const QColor &background, double wanted)
 {
-    return ensured(color, background, ofText);
+    const QColor black{Qt::black};
+    const QColor white{Qt::white};
+    const bool darken = ratio(black, background) > ratio(white, background);
+    constexpr int steps = 50;
+    QColor mixture = color;
+    for (int step = 1; step <= steps && ratio(mixture, background) < wanted; ++step) {
+        mixture = blended(darken ? black : white, static_cast<double>(step) / steps, color);
+    }
+    return mixture;
 }
 
-QColor Contrast::visible(const QColor &color, const QColor &background)
+QColor Contrast::ensuredOnAll(const QColor &color, const QColor &first, const QColor &second,
+                              const QColor &third, double wanted)
 {
-    return ensured(color, background, ofSymbols);
+    const auto least = [&](const QColor &mixture) {
+        return std::min({ratio(mixture, first), ratio(mixture, second), ratio(mixture, third)});
+    };
+    QColor best = color;
+    constexpr int steps = 50;
+    for (int step = 1; step <= steps && least(best) < wanted; ++step) {
+        for (const QColor &end : {QColor{Qt::black}, QColor{Qt::white}}) {
+            const QColor mixture = blended(end, static_cast<double>(step) / steps, color);
+            best = least(mixture) > least(best) ? mixture : best;
+        }
+    }
+    return best;
+}
+
+QColor Contrast::onGround(const QColor &ground)
+{
+    constexpr double nearEnough = 3.2;
+    return ratio(Qt::white, ground) >= nearEnough ? Qt::white : Qt::black;
 }
 
 QColor Contrast::blended(const QColor &color, double opacity, const QColor &background)
@@ -65,14 +101,27 @@ QColor Contrast::blended(const QColor &color, double opacity, const QColor &back
                             channel(color.blueF(), background.blueF()));
 }
 
-Hue Contrast::hue(const QColor &color, const QColor &background)
+Hue Contrast::hue(const QColor &color, const QColor &background, const QColor &lit,
+                  double textRatio, double symbolRatio)
 {
     constexpr double patchOpacity = 0.2;
     const QColor patch = blended(color, patchOpacity, background);
-    return {.text = readable(color, background),
-            .symbol = visible(color, background),
+    const auto onBoth = [&](double wanted) {
+        return ensured(ensured(color, lit, wanted), background, wanted);
+    };
+    return {.text = onBoth(textRatio),
+            .symbol = onBoth(symbolRatio),
             .patch = patch,
-            .symbolOnPatch = visible(color, patch)};
+            .symbolOnPatch = ensured(color, patch, symbolRatio)};
+}
+
+bool Contrast::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange &&
+        static_cast<QDynamicPropertyChangeEvent *>(event)->propertyName() == moreProperty) {
+        emit moreChanged();
+    }
+    return false;
 }
 
 } // namespace norvane

@@ -16,25 +16,41 @@ class Contrast : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
+    Q_PROPERTY(bool more READ more NOTIFY moreChanged)
 
 public:
-    explicit Contrast(QObject *parent = nullptr) : QObject{parent} {}
+    explicit Contrast(QObject *parent = nullptr);
 
-    static constexpr double ofText = 4.5;
-    static constexpr double ofSymbols = 3.0;
+    /// Whether the user wants more contrast than usual; holds for the whole application.
+    [[nodiscard]] static bool more();
+    static void setMore(bool more);
 
     [[nodiscard]] Q_INVOKABLE static double ratio(const QColor &color, const QColor &background);
-    /// The colour itself where text in it can be read on this background; otherwise the nearest
-    /// mixture of it with black or white that can.
-    [[nodiscard]] Q_INVOKABLE static QColor readable(const QColor &color, const QColor &background);
-    /// The same for what is not text.
-    [[nodiscard]] Q_INVOKABLE static QColor visible(const QColor &color, const QColor &background);
+    /// The colour itself where it has the wanted ratio to this background; otherwise the nearest
+    /// mixture of it with black or white that has, or black or white where none has.
+    [[nodiscard]] Q_INVOKABLE static QColor ensured(const QColor &color, const QColor &background,
+                                                    double wanted);
+    /// The same for three backgrounds that the colour stands on or beside; where no mixture has the
+    /// ratio to all of them, the one that comes nearest.
+    [[nodiscard]] Q_INVOKABLE static QColor ensuredOnAll(const QColor &color, const QColor &first,
+                                                         const QColor &second, const QColor &third,
+                                                         double wanted);
+    /// White or black, for text on a ground of this colour: white, wherever a slightly darker
+    /// ground could carry it.
+    [[nodiscard]] Q_INVOKABLE static QColor onGround(const QColor &ground);
     /// What is seen of a background through a coat of this colour.
     [[nodiscard]] Q_INVOKABLE static QColor blended(const QColor &color, double opacity,
                                                     const QColor &background);
-    /// A colour in all its uses on this background.
-    [[nodiscard]] Q_INVOKABLE static norvane::Hue hue(const QColor &color,
-                                                      const QColor &background);
+    /// A colour in all its uses on this background, which gets the other colour, `lit`, under the
+    /// pointer; text and symbols have their ratios on either.
+    [[nodiscard]] Q_INVOKABLE static norvane::Hue hue(const QColor &color, const QColor &background,
+                                                      const QColor &lit, double textRatio,
+                                                      double symbolRatio);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    void moreChanged();
 };
 
 } // namespace norvane

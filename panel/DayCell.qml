@@ -3,6 +3,8 @@
 
 import QtQuick
 
+import org.norvane.panel
+
 // A day of the month calendar.
 Item {
     id: root
@@ -25,11 +27,16 @@ Item {
     Accessible.selected: root.selected
     Accessible.onPressAction: root.picked()
 
+    readonly property bool showsFocus: LastInput.isKey && root.activeFocus
+
     Rectangle {
+        anchors { fill: root; margins: root.showsFocus ? 4 : 1 }
+        color: root.selected ? Theme.accentGround : pointer.hovered ? Theme.lit : "transparent"
+        radius: root.showsFocus ? Theme.corner - 3 : Theme.corner
+    }
+    FocusRing {
         anchors { fill: root; margins: 1 }
-        color: root.selected ? Theme.highlight : "transparent"
-        radius: Theme.corner
-        border { color: Theme.primary; width: root.activeFocus ? 2 : 0 }
+        visible: root.showsFocus
     }
     Rectangle {
         anchors { horizontalCenter: root.horizontalCenter; bottom: root.bottom; bottomMargin: 4 }
@@ -45,9 +52,10 @@ Item {
         text: root.text
         textFormat: Text.PlainText
         font { family: Theme.body.family; pixelSize: root.textSize; bold: root.today }
-        color: root.selected ? Theme.highlightedText
+        color: root.selected ? Theme.accentText
              : root.inMonth ? Theme.primary : Theme.secondary
         Accessible.ignored: true
     }
+    HoverHandler { id: pointer }
     TapHandler { onTapped: root.picked() }
 }

@@ -23,11 +23,14 @@ T.Dialog {
     closePolicy: T.Popup.CloseOnEscape
     title: qsTr("Delete Trial?")
 
-    T.Overlay.modal: Rectangle { color: "#73000000" }
+    T.Overlay.modal: Rectangle {
+        color: "#73000000"
+        radius: Theme.windowCorner
+    }
     background: Rectangle {
         color: Theme.background
         radius: 12
-        border { color: Theme.separator; width: 1 }
+        border { color: Theme.outline; width: 1 }
     }
     contentItem: AlertContent {
         title: root.title

@@ -3,6 +3,7 @@
 
 #include "panel/DesktopPalette.h"
 
+#include "panel/Contrast.h"
 #include "platform/Appearance.h"
 
 #include <QEvent>
@@ -44,29 +45,39 @@ DesktopPalette::DesktopPalette(const Appearance &appearance, QObject *parent)
     : QObject{parent},
       appearance_{appearance}
 {
-    connect(&appearance_, &Appearance::colorSchemeChanged, this, &DesktopPalette::apply);
+    connect(&appearance_, &Appearance::changed, this, &DesktopPalette::apply);
     QCoreApplication::instance()->installEventFilter(this);
     apply();
 }
 
-QPalette DesktopPalette::light()
+QPalette DesktopPalette::light(bool moreContrast)
 {
-    return paletteOf({.window = 0xfff7f7f8,
-                      .text = 0xff1d1d20,
+    return paletteOf({.window = moreContrast ? 0xffffffff : 0xfffafafb,
+                      .text = moreContrast ? 0xff000000 : 0xff1c1c20,
                       .base = 0xffffffff,
-                      .button = 0xffffffff,
+                      .button = moreContrast ? 0xffffffff : 0xfff0f0f2,
                       .highlight = 0xff2f6fd0,
                       .highlightedText = 0xffffffff});
 }
 
-QPalette DesktopPalette::dark()
+QPalette DesktopPalette::dark(bool moreContrast)
 {
-    return paletteOf({.window = 0xff2a2a2e,
-                      .text = 0xfff2f2f5,
-                      .base = 0xff1f1f22,
-                      .button = 0xff3b3b40,
-                      .highlight = 0xff5b9bf3,
-                      .highlightedText = 0xff101014});
+    return paletteOf({.window = moreContrast ? 0xff111113 : 0xff2b2b2f,
+                      .text = moreContrast ? 0xffffffff : 0xfff4f4f6,
+                      .base = moreContrast ? 0xff000000 : 0xff1e1e21,
+                      .button = moreContrast ? 0xff000000 : 0xff3b3b41,
+                      .highlight = 0xff3f80e0,
+                      .highlightedText = 0xffffffff});
+}
+
+bool DesktopPalette::isQtsOwn(const QPalette &palette)
+{
+    constexpr QRgb light = 0xffefefef;
+    constexpr QRgb dark = 0xff323232;
+    constexpr QRgb highlight = 0xff308cc6;
+    const QRgb window = palette.color(QPalette::Window).rgb();
+    return (window == light || window == dark) && palette.color(QPalette::Button).rgb() == window &&
+           palette.color(QPalette::Highlight).rgb() == highlight;
 }
 
 bool DesktopPalette::eventFilter(QObject * /*watched*/, QEvent *event)
@@ -81,13 +92,25 @@ bool DesktopPalette::eventFilter(QObject * /*watched*/, QEvent *event)
 void DesktopPalette::apply() const
 {
     using Scheme = Appearance::ColorScheme;
+    const Appearance::Preferences wanted = appearance_.preferences();
+    Contrast::setMore(wanted.moreContrast);
     QGuiApplication::setPalette(QPalette{}); // Back to the desktop's, to see what that is.
-    const Scheme scheme = appearance_.colorScheme();
-    if (scheme == Scheme::Dark && !isDark(QGuiApplication::palette())) {
-        QGuiApplication::setPalette(dark());
-    } else if (scheme == Scheme::Light && isDark(QGuiApplication::palette())) {
-        QGuiApplication::setPalette(light());
+    const QPalette desktops = QGuiApplication::palette();
+    const bool toBeDark = wanted.colorScheme == Scheme::NoPreference
+                              ? isDark(desktops)
+                              : wanted.colorScheme == Scheme::Dark;
+    QPalette palette; // With no colour set, the desktop's show through.
+    if (isQtsOwn(desktops) || isDark(desktops) != toBeDark) {
+        palette = toBeDark ? dark(wanted.moreContrast) : light(wanted.moreContrast);
     }
+    if (const auto accent = wanted.accent) {
+        const QColor color =
+            QColor::fromRgbF(static_cast<float>(accent->red), static_cast<float>(accent->green),
+                             static_cast<float>(accent->blue));
+        palette.setColor(QPalette::Highlight, color);
+        palette.setColor(QPalette::HighlightedText, Contrast::onGround(color));
+    }
+    QGuiApplication::setPalette(palette);
 }
 
 } // namespace norvane

@@ -20,6 +20,7 @@ Flow {
     }
     FormButton {
         text: qsTr("Track Trial")
+        weight: FormButton.Main
         enabled: root.canTrack
         onClicked: root.track()
     }

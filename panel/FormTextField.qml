@@ -4,6 +4,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
+import org.norvane.panel
+
 // A line of text to type into, with a rounded border.
 T.TextField {
     id: root
@@ -19,6 +21,7 @@ T.TextField {
     selectedTextColor: Theme.highlightedText
     placeholderTextColor: Theme.fieldHint
     selectByMouse: true
+    hoverEnabled: true
     horizontalAlignment: TextInput.AlignLeft
     verticalAlignment: TextInput.AlignVCenter
 
@@ -28,8 +31,8 @@ T.TextField {
         color: Theme.field
         radius: Theme.corner
         border {
-            color: root.activeFocus ? Theme.accent : Theme.outline
-            width: root.activeFocus ? 2 : 1
+            color: root.activeFocus ? Theme.accent : root.hovered ? Theme.primary : Theme.outline
+            width: LastInput.isKey && root.activeFocus ? 2 : 1
         }
     }
 

@@ -38,6 +38,20 @@ T.Popup {
         color: Theme.background
         radius: 10
         border { color: Theme.outline; width: 1 }
+
+        // A soft shadow, in layers.
+        Repeater {
+            model: 6
+
+            Rectangle {
+                required property int index
+
+                anchors { fill: parent; margins: -index - 1; topMargin: 1 - index; bottomMargin: -index - 3 }
+                z: -1
+                radius: 11 + index
+                color: "#09000000"
+            }
+        }
     }
     contentItem: MonthPage {
         calendar: root.calendar

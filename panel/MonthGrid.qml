@@ -19,7 +19,7 @@ FocusScope {
     readonly property int pageStart: root.calendar.pageStart(root.cursor)
     // Large text must not make the month wider or higher than the panel.
     readonly property int textSize: Math.min(Theme.body.pixelSize, 24)
-    readonly property int cellSize: Math.round(root.textSize * 1.9)
+    readonly property int cellSize: Math.max(28, Math.round(root.textSize * 1.9))
 
     signal moved(day: int)
     signal picked(day: int)

@@ -4,6 +4,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
+import org.norvane.panel
+
 // What the panel's buttons have in common: their label, and how keyboard and screen reader reach
 // them. Icon only, the text is for the screen reader alone.
 T.AbstractButton {
@@ -12,8 +14,7 @@ T.AbstractButton {
     property string symbol: ""
     property color color: Theme.primary
 
-    // A press with the mouse shows where the focus is by itself.
-    readonly property bool showsFocus: root.activeFocus && root.focusReason !== Qt.MouseFocusReason
+    readonly property bool showsFocus: LastInput.isKey && root.activeFocus
 
     // What is in front blocks what is behind it, for a screen reader too.
     function isReachable(): bool {
@@ -28,6 +29,7 @@ T.AbstractButton {
     implicitHeight: root.implicitContentHeight + root.topPadding + root.bottomPadding
     font: Theme.body
     focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
 
     Accessible.role: Accessible.Button
     Accessible.name: root.text

@@ -2,19 +2,25 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Templates as T
 
-// A button without bezel or background: its label alone, with a ring while it has the keyboard.
-// It takes presses a little around the label, which does not count in the layout.
+import org.norvane.panel
+
+// A button without bezel or background: its label alone, fainter under the pointer and fainter
+// still while pressed, with a ring around it while it has the keyboard. It takes presses a little
+// around the label, which does not count in the layout. Without a text to be seen, a hint says it.
 PanelButton {
     id: root
 
     padding: 6
-    opacity: root.down ? 0.5 : 1
 
-    background: Rectangle {
+    contentItem.opacity: root.down ? 0.5 : root.hovered ? 0.8 : root.enabled ? 1 : 0.4
+    background: FocusRing {
         visible: root.showsFocus
-        color: "transparent"
-        radius: Theme.corner
-        border { color: Theme.accent; width: 2 }
+    }
+
+    Hint {
+        shown: root.hovered && !root.down && root.display === T.AbstractButton.IconOnly
+        words: root.text
     }
 }

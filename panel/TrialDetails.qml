@@ -15,6 +15,7 @@ RowLayout {
     required property real room
 
     spacing: 6
+    Layout.preferredHeight: Math.ceil(line.height)
 
     Text {
         text: root.daysText
@@ -39,6 +40,11 @@ RowLayout {
         Layout.fillWidth: true
     }
 
+    FontMetrics {
+        id: line
+
+        font: Theme.captionMedium
+    }
     TextMetrics {
         id: days
 

@@ -23,7 +23,13 @@ ListView {
         if (root.count === 0)
             return
         root.currentIndex = Math.max(0, Math.min(row, root.count - 1))
-        root.positionViewAtIndex(root.currentIndex, ListView.Contain)
+        // At the ends, with the room beyond the row.
+        if (root.currentIndex === 0)
+            root.positionViewAtBeginning()
+        else if (root.currentIndex === root.count - 1)
+            root.positionViewAtEnd()
+        else
+            root.positionViewAtIndex(root.currentIndex, ListView.Contain)
         root.focusCurrent()
     }
 
@@ -38,6 +44,8 @@ ListView {
 
     model: root.trials
     clip: true
+    header: Item { implicitHeight: 4 }
+    footer: Item { implicitHeight: 4 }
     cacheBuffer: 0
     boundsBehavior: Flickable.StopAtBounds
     keyNavigationEnabled: false
@@ -66,6 +74,7 @@ ListView {
         required property int index
 
         width: root.width
+        ruled: row.index < root.count - 1
         stop: row.index === root.currentIndex && root.height > 0
 
         onDelete_: root.delete_(row.trial)

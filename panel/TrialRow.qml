@@ -22,6 +22,8 @@ Item {
     required property string place
     // Whether the tab key stops here.
     required property bool stop
+    // Whether a line sets it off from the row below.
+    required property bool ruled
 
     property bool showDeleteConfirm: false
 
@@ -80,7 +82,6 @@ Item {
             event.accepted = false
     }
 
-
     RowLayout {
         id: content
 
@@ -97,6 +98,8 @@ Item {
             spacing: 2
 
             Text {
+                id: name
+
                 horizontalAlignment: Text.AlignLeft
                 text: root.trial.name
                 textFormat: Text.PlainText
@@ -104,8 +107,17 @@ Item {
                 color: Theme.primary
                 elide: Text.ElideRight
                 maximumLineCount: 1
+                verticalAlignment: Text.AlignVCenter
                 Accessible.ignored: true
                 Layout.fillWidth: true
+                // The same in every script: letters of other fonts are higher than those of this one.
+                Layout.preferredHeight: Math.ceil(bodyLine.height)
+
+                HoverHandler { id: nameUnderPointer }
+                Hint {
+                    shown: name.truncated && nameUnderPointer.hovered
+                    words: name.text
+                }
             }
             TrialDetails {
                 daysText: root.presentation.daysText
@@ -133,13 +145,32 @@ Item {
         }
     }
 
-    Rectangle {
+    FocusRing {
         anchors { fill: parent; margins: 1 }
-        visible: root.activeFocus
-        color: "transparent"
-        radius: Theme.corner
-        border { color: Theme.accent; width: 2 }
+        visible: LastInput.isKey && root.activeFocus
     }
+    HoverHandler { id: pointer }
+    Rectangle {
+        z: -1
+        anchors { fill: parent; leftMargin: 8; rightMargin: 8; bottomMargin: root.ruled ? 1 : 0 }
+        visible: pointer.hovered
+        radius: Theme.corner
+        color: Theme.lit
+    }
+    Rectangle {
+        z: -1
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
+        anchors { leftMargin: Theme.padding + badge.width + content.spacing; rightMargin: Theme.padding }
+        visible: root.ruled
+        height: 1
+        color: Theme.separator
+    }
+    FontMetrics {
+        id: bodyLine
+
+        font: Theme.body
+    }
+
     // Made when it is needed, and gone with the answer.
     Instantiator {
         active: root.showDeleteConfirm

@@ -5,9 +5,12 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace norvane {
 
-/// Whether the desktop is a light or a dark one.
+/// How the user wants programs to look: light or dark, with how much contrast, in which accent
+/// colour.
 class Appearance : public QObject {
     Q_OBJECT
 
@@ -18,10 +21,27 @@ public:
         Light,
     };
 
-    [[nodiscard]] virtual ColorScheme colorScheme() const = 0;
+    /// A colour in sRGB, each part from 0 to 1.
+    struct Color {
+        double red = 0;
+        double green = 0;
+        double blue = 0;
+
+        bool operator==(const Color &) const = default;
+    };
+
+    struct Preferences {
+        ColorScheme colorScheme = ColorScheme::NoPreference;
+        bool moreContrast = false;
+        std::optional<Color> accent = std::nullopt; ///< None where the user has chosen none.
+
+        bool operator==(const Preferences &) const = default;
+    };
+
+    [[nodiscard]] virtual Preferences preferences() const = 0;
 
 signals:
-    void colorSchemeChanged();
+    void changed();
 };
 
 } // namespace norvane

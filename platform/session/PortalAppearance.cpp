@@ -3,7 +3,9 @@
 
 #include "platform/session/PortalAppearance.h"
 
+#include <QDBusArgument>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
@@ -18,15 +20,53 @@ const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const QString colorSchemeKey = QStringLiteral("color-scheme");
 
-/// Portals of the first version wrap the value in one variant more than they promise.
+using Groups = QMap<QString, QVariantMap>;
+
+/// Some portals wrap a value in one variant more than they promise.
 QVariant unwrapped(QVariant value)
 {
     while (value.canConvert<QDBusVariant>()) {
         value = value.value<QDBusVariant>().variant();
     }
     return value;
+}
+
+Appearance::ColorScheme schemeOf(const QVariant &value)
+{
+    using Scheme = Appearance::ColorScheme;
+    const uint number = value.toUInt();
+    return number == 1 ? Scheme::Dark : number == 2 ? Scheme::Light : Scheme::NoPreference;
+}
+
+/// Parts outside of 0 to 1 are how a portal says that there is no accent colour.
+std::optional<Appearance::Color> colorOf(const QVariant &value)
+{
+    if (!value.canConvert<QDBusArgument>()) {
+        return std::nullopt;
+    }
+    const auto parts = value.value<QDBusArgument>();
+    if (parts.currentSignature() != u"(ddd)") {
+        return std::nullopt;
+    }
+    Appearance::Color color;
+    parts.beginStructure();
+    parts >> color.red >> color.green >> color.blue;
+    parts.endStructure();
+    const auto isPart = [](double part) { return part >= 0 && part <= 1; };
+    return isPart(color.red) && isPart(color.green) && isPart(color.blue) ? std::optional{color}
+                                                                          : std::nullopt;
+}
+
+void apply(const QString &key, const QVariant &value, Appearance::Preferences *preferences)
+{
+    if (key == u"color-scheme") {
+        preferences->colorScheme = schemeOf(value);
+    } else if (key == u"contrast") {
+        preferences->moreContrast = value.toUInt() == 1;
+    } else if (key == u"accent-color") {
+        preferences->accent = colorOf(value);
+    }
 }
 
 } // namespace
@@ -38,44 +78,53 @@ PortalAppearance::PortalAppearance(QDBusConnection bus)
     if (!bus_.isConnected()) {
         return;
     }
-    bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-                 SLOT(settingChanged(QString, QString, QDBusVariant)));
+    qDBusRegisterMetaType<Groups>();
+    // A whole message needs no type to be registered; a QDBusVariant would.
+    if (!bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+                      SLOT(settingChanged(QDBusMessage)))) {
+        qWarning("The desktop's light and dark cannot be followed: %s",
+                 qUtf8Printable(bus_.lastError().message()));
+    }
     connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::ask);
     ask();
 }
 
 void PortalAppearance::ask()
 {
-    QDBusMessage read =
-        QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
-    read << appearanceGroup << colorSchemeKey;
-    auto *const watcher = new QDBusPendingCallWatcher{bus_.asyncCall(read), this};
+    QDBusMessage readAll =
+        QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("ReadAll"));
+    readAll << QStringList{appearanceGroup};
+    auto *const watcher = new QDBusPendingCallWatcher{bus_.asyncCall(readAll), this};
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *watcher;
-        if (reply.isValid()) {
-            take(reply.value());
+        const QDBusPendingReply<Groups> reply = *watcher;
+        if (!reply.isValid()) {
+            return;
         }
+        const QVariantMap settings = reply.value().value(appearanceGroup);
+        Preferences preferences;
+        for (auto setting = settings.cbegin(); setting != settings.cend(); ++setting) {
+            apply(setting.key(), unwrapped(setting.value()), &preferences);
+        }
+        take(preferences);
     });
 }
 
-void PortalAppearance::settingChanged(const QString &group, const QString &key,
-                                      const QDBusVariant &value)
+void PortalAppearance::settingChanged(const QDBusMessage &signal)
 {
-    if (group == appearanceGroup && key == colorSchemeKey) {
-        take(value);
+    const QVariantList arguments = signal.arguments();
+    if (signal.signature() == u"ssv" && arguments.at(0) == appearanceGroup) {
+        Preferences preferences = preferences_;
+        apply(arguments.at(1).toString(), unwrapped(arguments.at(2)), &preferences);
+        take(preferences);
     }
 }
 
-void PortalAppearance::take(const QDBusVariant &value)
+void PortalAppearance::take(const Preferences &preferences)
 {
-    const uint number = unwrapped(value.variant()).toUInt();
-    const ColorScheme scheme = number == 1   ? ColorScheme::Dark
-                               : number == 2 ? ColorScheme::Light
-                                             : ColorScheme::NoPreference;
-    if (scheme != colorScheme_) {
-        colorScheme_ = scheme;
-        emit colorSchemeChanged();
+    if (preferences != preferences_) {
+        preferences_ = preferences;
+        emit changed();
     }
 }
 

@@ -8,32 +8,34 @@
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 
-class QDBusVariant;
+class QDBusMessage;
 
 namespace norvane {
 
-/// The appearance by the settings portal, `color-scheme` of `org.freedesktop.appearance`.
+/// The appearance by the settings portal: `color-scheme`, `contrast` and `accent-color` of
+/// `org.freedesktop.appearance`.
 ///
-/// Asks without waiting, so that the answer comes as a change. Without a bus, a portal or the
-/// setting there is no preference. A portal that comes back is asked again.
+/// Asks without waiting, so that the answer comes as a change. Without a bus, a portal or a setting
+/// there is no preference, and a value that is none of the documented ones is none either. A portal
+/// that comes back is asked again.
 class PortalAppearance final : public Appearance {
     Q_OBJECT
 
 public:
     explicit PortalAppearance(QDBusConnection bus);
 
-    [[nodiscard]] ColorScheme colorScheme() const override { return colorScheme_; }
+    [[nodiscard]] Preferences preferences() const override { return preferences_; }
 
 private slots:
-    void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
+    void settingChanged(const QDBusMessage &signal);
 
 private:
     void ask();
-    void take(const QDBusVariant &value);
+    void take(const Preferences &preferences);
 
     QDBusConnection bus_;
     QDBusServiceWatcher watcher_;
-    ColorScheme colorScheme_ = ColorScheme::NoPreference;
+    Preferences preferences_;
 };
 
 } // namespace norvane

@@ -7,20 +7,22 @@
 
 namespace norvane {
 
-/// A desktop as light or dark as a test wants it.
+/// What a test wants a user to want.
 class ChosenAppearance final : public Appearance {
 public:
-    explicit ChosenAppearance(ColorScheme scheme) : scheme_{scheme} {}
+    explicit ChosenAppearance(const Preferences &preferences) : preferences_{preferences} {}
+    explicit ChosenAppearance(ColorScheme scheme) : preferences_{.colorScheme = scheme} {}
 
-    [[nodiscard]] ColorScheme colorScheme() const override { return scheme_; }
-    void choose(ColorScheme scheme)
+    [[nodiscard]] Preferences preferences() const override { return preferences_; }
+    void choose(const Preferences &preferences)
     {
-        scheme_ = scheme;
-        emit colorSchemeChanged();
+        preferences_ = preferences;
+        emit changed();
     }
+    void choose(ColorScheme scheme) { choose(Preferences{.colorScheme = scheme}); }
 
 private:
-    ColorScheme scheme_;
+    Preferences preferences_;
 };
 
 } // namespace norvane

@@ -3,8 +3,10 @@
 
 #include "tests/panel/PanelFixture.h"
 
+#include "panel/Contrast.h"
 #include "panel/DesktopPalette.h"
 #include "panel/Symbol.h"
+#include "tests/panel/RenderedContrast.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
@@ -255,15 +257,41 @@ void PanelFixture::settle(QQuickItem *anywhere) const
     anywhere->window()->grabWindow();
 }
 
+QStringList PanelFixture::faintTexts(QQuickItem *below, double wanted) const
+{
+    return norvane::faintTexts(below, wanted, below->window()->grabWindow());
+}
+
+double PanelFixture::edgeContrast(QQuickItem *item) const
+{
+    const double middle = item->height() / 2;
+    return Contrast::ratio(shownColor(item, {0.5, middle}), shownColor(item, {-1.5, middle}));
+}
+
+QColor PanelFixture::pixel(QQuickItem *item, double x, double y) const
+{
+    return shownColor(item, {x, y});
+}
+
 void PanelFixture::setPalette(const QString &name) const
 {
-    if (name == QStringLiteral("light")) {
-        QGuiApplication::setPalette(DesktopPalette::light());
-    } else if (name == QStringLiteral("dark")) {
-        QGuiApplication::setPalette(DesktopPalette::dark());
+    const bool more = name.endsWith(QStringLiteral("more contrast"));
+    Contrast::setMore(more);
+    if (name.startsWith(QStringLiteral("light"))) {
+        QGuiApplication::setPalette(DesktopPalette::light(more));
+    } else if (name.startsWith(QStringLiteral("dark"))) {
+        QGuiApplication::setPalette(DesktopPalette::dark(more));
     } else {
         QGuiApplication::setPalette(QPalette{QColor{name}, QColor{name}});
     }
+}
+
+void PanelFixture::setAccent(const QColor &color) const
+{
+    QPalette palette = QGuiApplication::palette();
+    palette.setColor(QPalette::Highlight, color);
+    palette.setColor(QPalette::HighlightedText, Contrast::onGround(color));
+    QGuiApplication::setPalette(palette);
 }
 
 void PanelFixture::setFontPixels(int pixels) const

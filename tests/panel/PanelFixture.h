@@ -67,8 +67,18 @@ public:
     /// Lays out and draws what is still to be.
     Q_INVOKABLE void settle(QQuickItem *anywhere) const;
 
-    /// "light", "dark", or the name of a colour for everything's background.
+    /// The texts below an item, as the screen shows them, that differ from what is around them by
+    /// less than this ratio. What cannot be pressed may be faint.
+    Q_INVOKABLE [[nodiscard]] QStringList faintTexts(QQuickItem *below, double wanted) const;
+    /// The ratio that an item's left edge has on the screen to what is left of it.
+    Q_INVOKABLE [[nodiscard]] double edgeContrast(QQuickItem *item) const;
+    /// The colour on the screen at a place in an item.
+    Q_INVOKABLE [[nodiscard]] QColor pixel(QQuickItem *item, double x, double y) const;
+
+    /// "light" or "dark", with "more contrast" behind it or not, or the name of a colour for
+    /// everything's background.
     Q_INVOKABLE void setPalette(const QString &name) const;
+    Q_INVOKABLE void setAccent(const QColor &color) const;
     Q_INVOKABLE void setFontPixels(int pixels) const;
     Q_INVOKABLE void setRightToLeft(bool mirrored) const;
     /// Lets a text be translated so, until the fixture is gone.

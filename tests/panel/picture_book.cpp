@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
+#include <functional>
+
 Q_IMPORT_QML_PLUGIN(org_norvane_panelPlugin)
 
 // Draws the panel in each of its states, one picture a state, without a screen. What the pictures
@@ -83,6 +85,32 @@ public:
         }
     }
 
+    /// The visible button with this text on it, or said of it.
+    [[nodiscard]] QQuickItem *button(const QString &text) const
+    {
+        QList<QQuickItem *> items{view_.contentItem()};
+        for (qsizetype i = 0; i < items.size(); ++i) {
+            QQuickItem *const item = items.at(i);
+            if (item->inherits("QQuickAbstractButton") && item->isVisible() &&
+                item->property("text").toString() == text) {
+                return item;
+            }
+            items += item->childItems();
+        }
+        qFatal("There is no button %s", qUtf8Printable(text));
+    }
+    void pointAt(const QQuickItem *item)
+    {
+        QTest::mouseMove(&view_, item->mapToScene(item->boundingRect().center()).toPoint());
+    }
+    void press(const QQuickItem *item)
+    {
+        QTest::mousePress(&view_, Qt::LeftButton, {},
+                          item->mapToScene(item->boundingRect().center()).toPoint());
+    }
+    /// Until what shows itself to a resting pointer does.
+    static void rest() { QTest::qWait(900); }
+
     void call(const char *function) { QMetaObject::invokeMethod(view_.rootObject(), function); }
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
@@ -107,6 +135,60 @@ private:
     QQuickView view_;
 };
 
+/// What controls look like under the pointer, pressed, and with the keyboard. The first button of
+/// the panel is its first row's trash button, the next ones come in their order.
+void drawStates(const QLocale &locale, const std::function<QString(const char *)> &path)
+{
+    {
+        Picture row{longNames(), locale};
+        QQuickItem *const trash = row.button(QCoreApplication::translate("TrialRow", "Delete"));
+        row.pointAt(trash);
+        Picture::rest();
+        row.save(path("hover-trash"));
+        row.press(trash);
+        row.save(path("pressed-trash"));
+    }
+    {
+        Picture row{longNames(), locale};
+        const QQuickItem *const trash =
+            row.button(QCoreApplication::translate("TrialRow", "Delete"));
+        row.pointAt(trash->parentItem()->childItems().at(1));
+        Picture::rest();
+        row.save(path("hover-name"));
+    }
+    {
+        Picture form{several(), locale};
+        form.call("showForm");
+        form.type(QStringLiteral("Radio Sur"));
+        QQuickItem *const track =
+            form.button(QCoreApplication::translate("FormActions", "Track Trial"));
+        form.pointAt(track);
+        form.save(path("hover-track"));
+        form.press(track);
+        form.save(path("pressed-track"));
+    }
+    {
+        Picture form{several(), locale};
+        form.call("showForm");
+        form.pointAt(form.button(QCoreApplication::translate("FormActions", "Cancel")));
+        form.save(path("hover-cancel"));
+        form.type(QStringLiteral("Radio Sur"));
+        for (int tabs = 0; tabs < 5; ++tabs) {
+            form.key(Qt::Key_Tab);
+        }
+        form.save(path("focus-cancel"));
+        form.key(Qt::Key_Tab);
+        form.save(path("focus-track"));
+    }
+    {
+        Picture alert{several(), locale};
+        alert.key(Qt::Key_Tab);
+        alert.key(Qt::Key_Return);
+        alert.pointAt(alert.button(QCoreApplication::translate("AlertContent", "Delete")));
+        alert.save(path("hover-delete"));
+    }
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -118,16 +200,21 @@ int main(int argc, char *argv[])
                        {QStringLiteral("suffix"), {}, QStringLiteral("text")},
                        {QStringLiteral("locale"), {}, QStringLiteral("name")},
                        {QStringLiteral("font"), {}, QStringLiteral("pixels")},
+                       {QStringLiteral("accent"), {}, QStringLiteral("colour")},
+                       QCommandLineOption{QStringLiteral("contrast")},
                        QCommandLineOption{QStringLiteral("dark")}});
     parser.process(application);
     const QLocale locale{parser.value(QStringLiteral("locale"))};
     const Translation translation{locale};
     using Scheme = Appearance::ColorScheme;
-    const ChosenAppearance appearance{parser.isSet(QStringLiteral("dark")) ? Scheme::Dark
-                                                                           : Scheme::Light};
+    Appearance::Preferences wanted;
+    wanted.colorScheme = parser.isSet(QStringLiteral("dark")) ? Scheme::Dark : Scheme::Light;
+    wanted.moreContrast = parser.isSet(QStringLiteral("contrast"));
+    if (const QColor accent{parser.value(QStringLiteral("accent"))}; accent.isValid()) {
+        wanted.accent = {accent.redF(), accent.greenF(), accent.blueF()};
+    }
+    const ChosenAppearance appearance{wanted};
     const DesktopPalette palette{appearance};
-    QGuiApplication::setPalette(appearance.colorScheme() == Scheme::Dark ? DesktopPalette::dark()
-                                                                         : DesktopPalette::light());
     QFont font{QStringLiteral("Noto Sans")};
     font.setPixelSize(parser.value(QStringLiteral("font")).toInt());
     QGuiApplication::setFont(font);
@@ -174,5 +261,6 @@ int main(int argc, char *argv[])
         alert.key(Qt::Key_Return);
         alert.save(path("alert-long-name"));
     }
+    drawStates(locale, path);
     return EXIT_SUCCESS;
 }

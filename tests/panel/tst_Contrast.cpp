@@ -4,9 +4,11 @@
 #include "panel/Contrast.h"
 #include "tests/support/TestProgram.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <cmath>
+#include <utility>
 
 using namespace norvane;
 
@@ -30,7 +32,7 @@ private slots:
     {
         const QColor blue{0x1d, 0x3b, 0x8b};
 
-        QCOMPARE(Contrast::readable(blue, Qt::white), blue);
+        QCOMPARE(Contrast::ensured(blue, Qt::white, 4.5), blue);
     }
 
     void everyColourCanBeReadOnEveryBackground()
@@ -38,21 +40,69 @@ private slots:
         for (int background = 0; background < 256; background += 5) {
             const QColor grey{background, background, background};
             for (const QColor &color : {QColor{0xf0, 0xbe, 0x00}, QColor{0xff, 0x6b, 0x61}, grey}) {
-                QVERIFY(Contrast::ratio(Contrast::readable(color, grey), grey) >= 4.5);
-                QVERIFY(Contrast::ratio(Contrast::visible(color, grey), grey) >= 3.0);
+                for (const double wanted : {3.0, 4.5}) {
+                    QVERIFY(Contrast::ratio(Contrast::ensured(color, grey, wanted), grey) >=
+                            wanted);
+                }
             }
         }
     }
 
+    void whereNoColourHasTheRatioTheStrongestIsTaken()
+    {
+        QCOMPARE(Contrast::ensured(Qt::red, QColor{0x80, 0x80, 0x80}, 7), QColor{Qt::black});
+    }
+
+    void aLineBetweenGroundsOfSeveralKindsCanBeToldFromAll()
+    {
+        const QColor grey{0x80, 0x80, 0x80};
+
+        const QColor line = Contrast::ensuredOnAll(Qt::darkGray, grey, Qt::black, grey, 3);
+
+        QVERIFY(Contrast::ratio(line, grey) >= 3.0);
+        QVERIFY(Contrast::ratio(line, Qt::black) >= 3.0);
+    }
+
     void aHueCanBeToldInEachOfItsUses()
     {
-        for (const QColor &background : {QColor{0xf7, 0xf7, 0xf8}, QColor{0x2a, 0x2a, 0x2e}}) {
-            const Hue hue = Contrast::hue(QColor{0xf0, 0xbe, 0x00}, background);
+        const QList<std::pair<QColor, QColor>> grounds{
+            {QColor{0xf7, 0xf7, 0xf8}, QColor{0xe8, 0xe8, 0xe9}},
+            {QColor{0x2a, 0x2a, 0x2e}, QColor{0x38, 0x38, 0x3c}}};
+        for (const auto &[background, lit] : grounds) {
+            const Hue hue = Contrast::hue(QColor{0xf0, 0xbe, 0x00}, background, lit, 4.5, 3);
 
-            QVERIFY(Contrast::ratio(hue.text, background) >= 4.5);
-            QVERIFY(Contrast::ratio(hue.symbol, background) >= 3.0);
+            for (const QColor &ground : {background, lit}) {
+                QVERIFY(Contrast::ratio(hue.text, ground) >= 4.5);
+                QVERIFY(Contrast::ratio(hue.symbol, ground) >= 3.0);
+            }
             QVERIFY(Contrast::ratio(hue.symbolOnPatch, hue.patch) >= 3.0);
         }
+    }
+
+    void textOnAnyGroundCanBeReadWithLittleChangeToIt()
+    {
+        QCOMPARE(Contrast::onGround(QColor{0x35, 0x84, 0xe4}), QColor{Qt::white});
+        QCOMPARE(Contrast::onGround(QColor{0xc8, 0x88, 0x00}), QColor{Qt::black});
+        for (int hue = 0; hue < 360; hue += 10) {
+            const QColor ground = QColor::fromHsl(hue, 200, 120);
+            const QColor text = Contrast::onGround(ground);
+
+            QVERIFY(Contrast::ratio(Contrast::ensured(ground, text, 4.5), text) >= 4.5);
+        }
+    }
+
+    void aWishForMoreContrastIsToldAtOnce()
+    {
+        const Contrast contrast;
+        const QSignalSpy told{&contrast, &Contrast::moreChanged};
+
+        Contrast::setMore(true);
+        Contrast::setMore(true);
+        QVERIFY(Contrast::more());
+        Contrast::setMore(false);
+
+        QVERIFY(!Contrast::more());
+        QCOMPARE(told.count(), 2);
     }
 
     void aThinCoatIsMostlyWhatIsBelow()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Norvane authors
 // SPDX-License-Identifier: MIT
 
+#include "panel/Contrast.h"
 #include "panel/DesktopPalette.h"
 #include "tests/panel/ChosenAppearance.h"
 #include "tests/support/TestProgram.h"
@@ -75,30 +76,76 @@ private slots:
         QVERIFY(window().lightness() < 128);
     }
 
-    void withoutAPreferenceTheDesktopsOwnPaletteHolds()
+    void aDesktopWithoutColoursOfItsOwnGetsOurs()
     {
         QGuiApplication::setPalette(QPalette{});
-        const QPalette own = QGuiApplication::palette();
-        ChosenAppearance appearance{Scheme::Dark};
+        QVERIFY(DesktopPalette::isQtsOwn(QGuiApplication::palette()));
+
+        const ChosenAppearance appearance{Scheme::NoPreference};
         const DesktopPalette palette{appearance};
 
-        appearance.choose(Scheme::NoPreference);
-
-        QCOMPARE(QGuiApplication::palette().color(QPalette::Window), own.color(QPalette::Window));
-        QCOMPARE(QGuiApplication::palette().color(QPalette::Highlight),
-                 own.color(QPalette::Highlight));
+        QCOMPARE(window(), DesktopPalette::light().color(QPalette::Window));
     }
 
-    void aDesktopThatIsLightAlreadyKeepsItsOwnColours()
+    void aDesktopWithColoursOfItsOwnKeepsThemWhereTheyFit()
     {
-        QGuiApplication::setPalette(QPalette{});
-        const QPalette own = QGuiApplication::palette();
-        QVERIFY(own.color(QPalette::Window).lightness() > 128);
+        const QPalette own{QColor{"#e0e0d0"}};
+        const ChangingTheme theme{own};
 
-        const ChosenAppearance appearance{Scheme::Light};
+        for (const Scheme scheme : {Scheme::NoPreference, Scheme::Light}) {
+            const ChosenAppearance appearance{scheme};
+            const DesktopPalette palette{appearance};
+            for (const auto role : {QPalette::Window, QPalette::Text, QPalette::Highlight}) {
+                QCOMPARE(QGuiApplication::palette().color(role), own.color(role));
+            }
+        }
+    }
+
+    void theAccentColourIsPutOverWhateverColoursThereAre()
+    {
+        const QPalette own{QColor{"#e0e0d0"}};
+        const QWindow told;
+        const Appearance::Preferences violet{.accent = Appearance::Color{0.6, 0, 0.8}};
+        const auto accent = [] { return QGuiApplication::palette().color(QPalette::Highlight); };
+        ChosenAppearance appearance{violet};
         const DesktopPalette palette{appearance};
+        QCOMPARE(accent().name(), QStringLiteral("#9900cc"));
 
+        ChangingTheme theme{own};
+        theme.change(own);
+        QCOMPARE(accent().name(), QStringLiteral("#9900cc"));
         QCOMPARE(window(), own.color(QPalette::Window));
+
+        appearance.choose(Appearance::Preferences{});
+        QCOMPARE(accent(), own.color(QPalette::Highlight));
+    }
+
+    void moreContrastIsPassedOnAndTakenBack()
+    {
+        ChosenAppearance appearance{Scheme::Dark};
+        const DesktopPalette palette{appearance};
+        QVERIFY(!Contrast::more());
+
+        appearance.choose({.colorScheme = Scheme::Dark, .moreContrast = true});
+        QVERIFY(Contrast::more());
+        QCOMPARE(window(), DesktopPalette::dark(true).color(QPalette::Window));
+
+        appearance.choose(Scheme::Dark);
+        QVERIFY(!Contrast::more());
+    }
+
+    void ourColoursCanBeReadOnOneAnother()
+    {
+        for (const bool more : {false, true}) {
+            for (const QPalette &ours : {DesktopPalette::light(more), DesktopPalette::dark(more)}) {
+                const auto ratio = [&](QPalette::ColorRole one, QPalette::ColorRole other) {
+                    return Contrast::ratio(ours.color(one), ours.color(other));
+                };
+                QVERIFY(ratio(QPalette::WindowText, QPalette::Window) >= 7);
+                QVERIFY(ratio(QPalette::Text, QPalette::Base) >= 7);
+                QVERIFY(ratio(QPalette::ButtonText, QPalette::Button) >= 7);
+            }
+        }
     }
 
     void theDesktopsOwnColoursTakeOverWhenTheyComeAfterItsPreference()

@@ -98,6 +98,95 @@ PanelTest {
             compare(fixture.roleOf(find(button)), "Button")
     }
 
+    function test_theFocusIsShownOnlyWhileTheKeyboardIsUsed() {
+        open([])
+
+        keyClick(Qt.Key_Tab)
+        const button = find("Add Trial")
+        verify(button.activeFocus && button.background.visible)
+        mouseClick(test, 180, 100)
+        verify(button.activeFocus && !button.background.visible)
+        keyClick(Qt.Key_Shift)
+        verify(!button.background.visible)
+        keyClick(Qt.Key_Down)
+        verify(button.background.visible)
+    }
+
+    function test_aButtonWithoutTextSaysWhatItIsToARestingPointer() {
+        open([{ name: "Acme", hours: 73, cost: 0 }])
+        const hint = () => fixture.text(test, "Delete")
+
+        mouseMove(find("Delete", "Acme"))
+        tryVerify(() => hint().maximumLineCount === 4)
+        compare(hint().textFormat, Text.PlainText)
+        mouseMove(test, 180, 300)
+        tryVerify(() => hint().maximumLineCount === undefined)
+    }
+
+    function test_aCutNameIsSaidInFullInAtMostFourLines() {
+        const name = "<b>A long name</b> ".repeat(50)
+        open([{ name: name, hours: 73, cost: 0 }])
+
+        mouseMove(fixture.text(test, name))
+        tryVerify(() => fixture.text(test, name).lineCount === 4)
+        const hint = fixture.text(test, name)
+        compare(hint.textFormat, Text.PlainText)
+        const place = hint.parent.mapToItem(test, 0, 0)
+        verify(place.x >= 0 && place.x + hint.parent.width <= 360)
+        verify(place.y >= 0 && place.y + hint.parent.height <= 420)
+        mouseMove(test, 180, 400)
+    }
+
+    function test_aNameThatFitsIsNotSaidTwice() {
+        open([{ name: "Acme", hours: 73, cost: 0 }])
+        const name = fixture.text(test, "Acme")
+
+        mouseMove(name)
+        wait(800) // Longer than a hint takes to come.
+        compare(fixture.text(test, "Acme"), name)
+        mouseMove(test, 180, 400)
+    }
+
+    function test_rowsAreEquallyHighInEveryScript() {
+        const names = ["Acme", "خدمة البث", "日本語", "ภาษาไทย", "Ǻǻ"]
+        open(names.map(name => ({ name: name, hours: 73, cost: 5 })))
+
+        for (const name of names)
+            compare(found(name + ", 3d left · $5.00").height, found("Acme, 3d left · $5.00").height, name)
+    }
+
+    function test_bothAnswersAreEquallyWide() {
+        fixture.translate("Cancel", "Nicht entfernen")
+        open([{ name: "Acme", hours: 73, cost: 0 }])
+        click("Delete", "Acme")
+
+        compare(found("Delete", "").width, found("Nicht entfernen").width)
+        fixture.translate("", "")
+    }
+
+    function test_trackTrialIsInTheAccentColourOnceItCanBePressed() {
+        open([])
+        fixture.setAccent("#7a1fa2")
+        click("Add Trial")
+        const ground = () => fixture.pixel(find("Track Trial"), 6, 6).toString()
+
+        compare(ground(), Theme.background.toString())
+        type("A")
+        tryCompare({ get ground() { return ground() } }, "ground", "#7a1fa2")
+    }
+
+    function test_theCalendarHasRoomForFingersAndLeavesItsFieldInSight() {
+        open([])
+        click("Add Trial")
+        const field = find("Trial ends", "Day")
+        click("Choose a day")
+
+        const title = fixture.text(test, "January 2025")
+        verify(title.mapToItem(test, 0, 0).y > field.mapToItem(test, 0, field.height).y)
+        const cell = fixture.text(test, "22").parent
+        verify(cell.width >= 28 && cell.height >= 28)
+    }
+
     function test_aFocusedButtonShowsItAndAPressedOneDoesNotNeedTo() {
         open([])
 

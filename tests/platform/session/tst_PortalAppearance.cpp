@@ -5,13 +5,54 @@
 #include "tests/support/PrivateSessionBus.h"
 #include "tests/support/TestProgram.h"
 
+#include <QDBusArgument>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <limits>
+#include <utility>
+
 using namespace norvane;
 using Scheme = Appearance::ColorScheme;
+
+namespace {
+
+/// An accent colour as it crosses the bus.
+struct Parts {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const Parts &parts)
+{
+    argument.beginStructure();
+    argument << parts.red << parts.green << parts.blue;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, Parts &parts)
+{
+    argument.beginStructure();
+    argument >> parts.red >> parts.green >> parts.blue;
+    argument.endStructure();
+    return argument;
+}
+
+using Groups = QMap<QString, QVariantMap>;
+
+const QString group = QStringLiteral("org.freedesktop.appearance");
+const QString colorScheme = QStringLiteral("color-scheme");
+const QString contrast = QStringLiteral("contrast");
+const QString accentColor = QStringLiteral("accent-color");
+
+} // namespace
+
+Q_DECLARE_METATYPE(Parts)
 
 namespace {
 
@@ -21,10 +62,16 @@ class Portal final : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    explicit Portal(const QDBusConnection &bus, uint scheme) : bus_{bus}, scheme_{scheme}
+    Portal(const QDBusConnection &bus, QVariantMap settings)
+        : bus_{bus},
+          settings_{std::move(settings)}
     {
-        bus_.registerObject(path, this, QDBusConnection::ExportAllSlots);
-        bus_.registerService(service);
+        qDBusRegisterMetaType<Groups>();
+        qDBusRegisterMetaType<Parts>();
+        if (!bus_.registerObject(path, this, QDBusConnection::ExportAllSlots) ||
+            !bus_.registerService(service)) {
+            qFatal("The portal cannot be offered");
+        }
     }
     Portal(const Portal &) = delete;
     Portal &operator=(const Portal &) = delete;
@@ -34,22 +81,19 @@ public:
         bus_.unregisterObject(path);
     }
 
-    void change(const QString &group, const QString &key, uint value)
+    void change(const QString &changedGroup, const QString &key, const QVariant &value)
     {
         QDBusMessage signal =
             QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.portal.Settings"),
                                        QStringLiteral("SettingChanged"));
-        signal << group << key << QVariant::fromValue(QDBusVariant{value});
-        bus_.send(signal);
+        signal << changedGroup << key << QVariant::fromValue(QDBusVariant{value});
+        QVERIFY(bus_.send(signal));
     }
 
 public slots:
-    QDBusVariant Read(const QString &group, const QString &key) const
+    Groups ReadAll(const QStringList &groups) const
     {
-        const bool known = group == QStringLiteral("org.freedesktop.appearance") &&
-                           key == QStringLiteral("color-scheme");
-        // Real ones wrap it twice.
-        return QDBusVariant{QVariant::fromValue(QDBusVariant{known ? scheme_ : 99})};
+        return groups == QStringList{group} ? Groups{{group, settings_}} : Groups{};
     }
 
 private:
@@ -57,7 +101,7 @@ private:
     static inline const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 
     QDBusConnection bus_;
-    uint scheme_;
+    QVariantMap settings_;
 };
 
 } // namespace
@@ -68,44 +112,92 @@ class TestPortalAppearance final : public QObject {
 private slots:
     void thePortalIsAskedAtTheStart()
     {
-        const Portal portal{other(), 1};
+        const Portal portal{other(),
+                            {{colorScheme, 1U},
+                             {contrast, 1U},
+                             {accentColor, QVariant::fromValue(Parts{0.25, 0.5, 1})}}};
 
         const PortalAppearance appearance{QDBusConnection::sessionBus()};
 
-        QCOMPARE(appearance.colorScheme(), Scheme::NoPreference); // Not waited for.
-        QTRY_COMPARE(appearance.colorScheme(), Scheme::Dark);
+        QCOMPARE(appearance.preferences(), Appearance::Preferences{}); // Not waited for.
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Dark);
+        QVERIFY(appearance.preferences().moreContrast);
+        QCOMPARE(appearance.preferences().accent, (Appearance::Color{0.25, 0.5, 1}));
+    }
+
+    void valuesInOneVariantTooManyAreUnderstood()
+    {
+        const Portal portal{other(), {{colorScheme, QVariant::fromValue(QDBusVariant{1U})}}};
+
+        const PortalAppearance appearance{QDBusConnection::sessionBus()};
+
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Dark);
     }
 
     void aSwitchIsFollowedLive()
     {
-        Portal portal{other(), 2};
+        Portal portal{other(), {{colorScheme, 2U}}};
         const PortalAppearance appearance{QDBusConnection::sessionBus()};
-        QTRY_COMPARE(appearance.colorScheme(), Scheme::Light);
-        const QSignalSpy changed{&appearance, &Appearance::colorSchemeChanged};
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Light);
+        const QSignalSpy changed{&appearance, &Appearance::changed};
 
-        portal.change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
-                      1);
-        QTRY_COMPARE(appearance.colorScheme(), Scheme::Dark);
-        portal.change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
-                      0);
-        QTRY_COMPARE(appearance.colorScheme(), Scheme::NoPreference);
+        portal.change(group, colorScheme, 1U);
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Dark);
+        portal.change(group, colorScheme, 0U);
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::NoPreference);
 
         QCOMPARE(changed.count(), 2);
     }
 
-    void otherSettingsAreNoneOfItsBusiness()
+    void contrastAndAccentAreFollowedLive()
     {
-        Portal portal{other(), 2};
+        Portal portal{other(), {{colorScheme, 2U}}};
         const PortalAppearance appearance{QDBusConnection::sessionBus()};
-        QTRY_COMPARE(appearance.colorScheme(), Scheme::Light);
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Light);
 
-        portal.change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("contrast"), 1);
-        portal.change(QStringLiteral("org.example"), QStringLiteral("color-scheme"), 0);
-        portal.change(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
-                      1);
-        const QSignalSpy changed{&appearance, &Appearance::colorSchemeChanged};
+        portal.change(group, contrast, 1U);
+        QTRY_VERIFY(appearance.preferences().moreContrast);
+        portal.change(group, accentColor, QVariant::fromValue(Parts{1, 0, 0.5}));
+        QTRY_COMPARE(appearance.preferences().accent, (Appearance::Color{1, 0, 0.5}));
+        portal.change(group, contrast, 0U);
+        QTRY_VERIFY(!appearance.preferences().moreContrast);
 
-        QTRY_COMPARE(appearance.colorScheme(), Scheme::Dark);
+        QCOMPARE(appearance.preferences().colorScheme, Scheme::Light);
+    }
+
+    void anAccentThatIsNoColourIsNone_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        const double nan = std::numeric_limits<double>::quiet_NaN();
+        QTest::newRow("unset") << QVariant::fromValue(Parts{-1, -1, -1});
+        QTest::newRow("too much") << QVariant::fromValue(Parts{0.5, 1.01, 0.5});
+        QTest::newRow("not a number") << QVariant::fromValue(Parts{nan, 0.5, 0.5});
+        QTest::newRow("another type") << QVariant{QStringLiteral("blue")};
+    }
+    void anAccentThatIsNoColourIsNone()
+    {
+        QFETCH(const QVariant, value);
+        Portal portal{other(), {{accentColor, QVariant::fromValue(Parts{1, 0, 0.5})}}};
+        const PortalAppearance appearance{QDBusConnection::sessionBus()};
+        QTRY_VERIFY(appearance.preferences().accent);
+
+        portal.change(group, accentColor, value);
+
+        QTRY_VERIFY(!appearance.preferences().accent);
+    }
+
+    void settingsOfOthersAreLeftAlone()
+    {
+        Portal portal{other(), {{colorScheme, 2U}}};
+        const PortalAppearance appearance{QDBusConnection::sessionBus()};
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Light);
+        const QSignalSpy changed{&appearance, &Appearance::changed};
+
+        portal.change(group, QStringLiteral("reduced-motion"), 1U);
+        portal.change(QStringLiteral("org.example"), colorScheme, 0U);
+        portal.change(group, colorScheme, 1U);
+
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Dark);
         QCOMPARE(changed.count(), 1);
     }
 
@@ -113,16 +205,16 @@ private slots:
     {
         const PortalAppearance appearance{QDBusConnection::sessionBus()};
 
-        const Portal portal{other(), 1};
+        const Portal portal{other(), {{colorScheme, 1U}}};
 
-        QTRY_COMPARE(appearance.colorScheme(), Scheme::Dark);
+        QTRY_COMPARE(appearance.preferences().colorScheme, Scheme::Dark);
     }
 
     void withoutABusThereIsNoPreference()
     {
         const PortalAppearance appearance{QDBusConnection{QStringLiteral("none")}};
 
-        QCOMPARE(appearance.colorScheme(), Scheme::NoPreference);
+        QCOMPARE(appearance.preferences(), Appearance::Preferences{});
     }
 
 private:

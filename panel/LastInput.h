@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+#include <QtQmlIntegration/qqmlintegration.h>
+
+namespace norvane {
+
+/// Whether the user works with the keyboard at this moment, so that it must be shown where it is.
+///
+/// True after a key, false after a press of a mouse button, of a finger or of a pen, and each time
+/// a window goes away. Keys that only modify others do not count.
+class LastInput : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(bool isKey READ isKey NOTIFY changed)
+
+public:
+    explicit LastInput(QObject *parent = nullptr);
+
+    [[nodiscard]] bool isKey() const noexcept { return isKey_; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    void changed();
+
+private:
+    void take(bool isKey);
+
+    bool isKey_ = false;
+};
+
+} // namespace norvane

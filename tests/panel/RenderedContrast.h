@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "panel/Contrast.h"
+
+#include <QHash>
+#include <QImage>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+#include <algorithm>
+
+namespace norvane {
+
+// Colours measured on the picture of a window, after all mixing and drawing.
+
+/// The colour at a place in an item.
+inline QColor shownColor(const QQuickItem *item, const QPointF &place)
+{
+    const QImage image = item->window()->grabWindow();
+    const QPointF pixel = item->mapToScene(place) * image.devicePixelRatio();
+    return image.pixelColor(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
+}
+
+/// The largest ratio that any pixel has to the most frequent one.
+inline double strongestContrast(const QImage &image)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            ++counts[image.pixel(x, y)];
+        }
+    }
+    QRgb ground = 0;
+    for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
+        ground = *count > counts.value(ground) ? count.key() : ground;
+    }
+    double strongest = 1;
+    for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
+        strongest = std::max(strongest, Contrast::ratio(QColor{count.key()}, QColor{ground}));
+    }
+    return strongest;
+}
+
+/// The texts below an item that differ from their ground on this picture of the window by less than
+/// the ratio, each with its own. What cannot be pressed may be faint.
+inline QStringList faintTexts(const QQuickItem *below, double wanted, const QImage &window)
+{
+    QStringList faint;
+    if (!below->isVisible() || !below->isEnabled()) {
+        return faint;
+    }
+    const QString text = below->property("text").toString();
+    const QRect place =
+        below->mapRectToScene(below->boundingRect()).toAlignedRect() & window.rect();
+    if (below->inherits("QQuickText") && !text.isEmpty() && !place.isEmpty()) {
+        const double found = strongestContrast(window.copy(place));
+        if (found < wanted) {
+            faint.append(QStringLiteral("%1: %2").arg(text).arg(found));
+        }
+    }
+    for (const QQuickItem *const child : below->childItems()) {
+        faint.append(faintTexts(child, wanted, window));
+    }
+    return faint;
+}
+
+} // namespace norvane
