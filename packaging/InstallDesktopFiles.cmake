@@ -66,5 +66,7 @@ install_template(org.norvane.NotificationCenter-autostart.desktop "${autostart}"
 file(INSTALL "${build}/org.norvane.Norvane.metainfo.xml" DESTINATION "${data}/metainfo")
 file(INSTALL "${source}/icons/scalable/org.norvane.Norvane.svg"
     DESTINATION "${data}/icons/hicolor/scalable/apps")
+file(INSTALL "${source}/icons/16/org.norvane.Norvane.svg"
+    DESTINATION "${data}/icons/hicolor/16x16/apps")
 file(INSTALL "${source}/icons/symbolic/org.norvane.Norvane-symbolic.svg"
     DESTINATION "${data}/icons/hicolor/symbolic/apps")

@@ -7,24 +7,63 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include <algorithm>
 #include <array>
 
 namespace norvane {
 
+namespace {
+
+/// The same shapes in one colour.
+QImage tinted(QImage shapes, const QColor &color)
+{
+    QPainter painter{&shapes};
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(shapes.rect(), color);
+    return shapes;
+}
+
+/// The drawing for this size, in this many whole times its own pixels, with what remains as margin.
+QImage shapes(const QString &iconName, int size)
+{
+    constexpr int small = 16;
+    constexpr int medium = 22;
+    const int own = size % small == 0 ? small : medium;
+    QImage image{size, size, QImage::Format_ARGB32_Premultiplied};
+    image.fill(Qt::transparent);
+    const int side = own * (size / own);
+    QPainter painter{&image};
+    QSvgRenderer{QStringLiteral(":/norvane/icons/%1/%2.svg").arg(own).arg(iconName)}.render(
+        &painter, QRectF((size - side) / 2.0, (size - side) / 2.0, side, side));
+    return image;
+}
+
+} // namespace
+
 QList<QImage> IconDrawing::inAllSizes(const QString &iconName)
 {
     static constexpr std::array<int, 6> sizes{16, 22, 24, 32, 48, 64};
-    const QString path = u":/norvane/icons/" + iconName + u".svg";
     QList<QImage> images;
-    if (!QFile::exists(path)) {
+    if (!QFile::exists(QStringLiteral(":/norvane/icons/16/%1.svg").arg(iconName))) {
         return images;
     }
-    QSvgRenderer drawing{path};
+    // Panels show these pixels as they are, on a ground that nobody tells: white stands out from a
+    // dark one, and on a light one its edge does.
+    const QColor face{0xf6, 0xf6, 0xf6};
+    const QColor edge{0x26, 0x26, 0x26, 0xc0};
     for (const int size : sizes) {
+        const QImage drawing = shapes(iconName, size);
+        const QImage dark = tinted(drawing, edge);
+        const int width = std::max(1, size / 32);
         QImage image{size, size, QImage::Format_ARGB32_Premultiplied};
         image.fill(Qt::transparent);
         QPainter painter{&image};
-        drawing.render(&painter);
+        for (const QPoint &shift :
+             {QPoint{-width, 0}, QPoint{width, 0}, QPoint{0, -width}, QPoint{0, width}}) {
+            painter.drawImage(shift, dark);
+        }
+        painter.drawImage(QPoint{}, tinted(drawing, face));
+        painter.end();
         images.append(image);
     }
     return images;

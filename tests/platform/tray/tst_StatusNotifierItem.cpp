@@ -10,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace norvane;
 
 namespace {
@@ -110,18 +112,41 @@ private slots:
         item.setImage(QStringLiteral("org.norvane.Norvane-symbolic"), QStringLiteral("Norvane"));
 
         for (const IconPixmap &pixmap : item.iconPixmap()) {
-            int solid = 0;
+            int white = 0;
+            int dark = 0;
             for (qsizetype i = 0; i < pixmap.argb.size(); i += 4) {
                 const auto alpha = static_cast<uchar>(pixmap.argb[i]);
                 const auto grey = static_cast<uchar>(pixmap.argb[i + 1]);
-                if (alpha == 255) {
-                    ++solid;
-                    // Three to one against white as well as against a panel of #2d2d2d.
-                    QVERIFY2(grey >= 0x78 && grey <= 0x94, qPrintable(QString::number(grey)));
+                white += alpha == 255 && grey >= 0xf0 ? 1 : 0;
+                dark += alpha >= 0x80 && grey <= 0x50 ? 1 : 0;
+            }
+            // A drawing, not a blur: a good part of it is covered whole, and it has its edge.
+            const int pixels = pixmap.width * pixmap.height;
+            QVERIFY2(white * 16 > pixels, qPrintable(QString::number(white)));
+            QVERIFY2(dark * 16 > pixels / 2, qPrintable(QString::number(dark)));
+        }
+    }
+
+    void itsPixelsStandInTheMiddle()
+    {
+        StatusNotifierItem item{QDBusConnection::sessionBus()};
+        item.setImage(QStringLiteral("org.norvane.Norvane-symbolic"), QStringLiteral("Norvane"));
+
+        for (const IconPixmap &pixmap : item.iconPixmap()) {
+            int left = pixmap.width, right = -1, top = pixmap.width, bottom = -1;
+            for (int y = 0; y < pixmap.height; ++y) {
+                for (int x = 0; x < pixmap.width; ++x) {
+                    if (static_cast<uchar>(pixmap.argb[4 * (qsizetype{y} * pixmap.width + x)]) >
+                        0) {
+                        left = std::min(left, x);
+                        right = std::max(right, x);
+                        top = std::min(top, y);
+                        bottom = std::max(bottom, y);
+                    }
                 }
             }
-            // A drawing, not a blur: a good part of it is covered whole.
-            QVERIFY2(solid * 16 > pixmap.width * pixmap.height, qPrintable(QString::number(solid)));
+            QCOMPARE(left, pixmap.width - 1 - right);
+            QCOMPARE(top, pixmap.height - 1 - bottom);
         }
     }
 
