@@ -13,6 +13,7 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QScreen>
+#include <QSurfaceFormat>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <algorithm>
@@ -52,6 +53,10 @@ Popover::Popover(PanelContent &content, WindowSystem &windowSystem)
 {
     setTitle(QStringLiteral("Norvane"));
     setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    QSurfaceFormat withAlpha = format();
+    withAlpha.setAlphaBufferSize(8);
+    setFormat(withAlpha);
+    setColor(Qt::transparent); // Behind the round corners.
     setFixedSize(popoverSize);
     setResizeMode(QQuickView::SizeRootObjectToView);
     load();

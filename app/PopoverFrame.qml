@@ -4,9 +4,10 @@
 import QtQuick
 
 import org.norvane.panel
+import org.norvane.shell
 
-// What the popover shows: the panel, and a thin border around it that sets it off from whatever
-// window lies behind.
+// What the popover shows: the panel, and a thin line around it that sets it off from whatever
+// window lies behind. Its corners are round where they can be.
 Item {
     id: root
 
@@ -14,12 +15,18 @@ Item {
 
     ContentView {
         anchors.fill: parent
+        radius: Theme.windowCorner
         content: root.content
     }
     Rectangle {
         anchors.fill: parent
         color: "transparent"
-        opacity: 0.6
-        border { color: Theme.secondary; width: 1 }
+        radius: Theme.windowCorner
+        border { color: Theme.frame; width: 1 }
+    }
+    Binding {
+        target: Theme
+        property: "windowCorner"
+        value: Compositor.isPresent ? 12 : 0
     }
 }

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/windows/CompositorWatch.h"
+
+#include <QtQml/qqml.h>
+
+namespace norvane {
+
+/// The name under which QML knows the watch, which knows nothing of QML.
+struct CompositorForQml {
+    Q_GADGET
+    QML_FOREIGN(norvane::CompositorWatch)
+    QML_NAMED_ELEMENT(Compositor)
+    QML_SINGLETON
+};
+
+} // namespace norvane

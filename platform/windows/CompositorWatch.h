@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/windows/X11Display.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <optional>
+
+namespace norvane {
+
+/// Whether windows are drawn over one another with what shines through, so that corners can be
+/// round. On X11 that is so while a compositing manager runs, which may start and end at any time;
+/// elsewhere it is always so.
+///
+/// Needs the application object; lives on the main thread.
+class CompositorWatch : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool isPresent READ isPresent NOTIFY changed)
+
+public:
+    explicit CompositorWatch(QObject *parent = nullptr);
+
+    [[nodiscard]] bool isPresent() const noexcept { return isPresent_; }
+
+signals:
+    void changed();
+
+private:
+    void look();
+    void readEvents();
+
+    std::optional<X11Display> display_;
+    std::optional<QSocketNotifier> readable_;
+    xcb_atom_t selection_ = XCB_ATOM_NONE; ///< Owned by the manager as long as it runs.
+    bool isPresent_ = true;
+};
+
+} // namespace norvane
