@@ -24,8 +24,12 @@ Item {
 
     anchors.fill: parent
     Accessible.ignored: true
+    // The bubble lies in the window, so it would outlive this item by a moment.
+    Component.onDestruction: bubbles.model = 0
 
     Repeater {
+        id: bubbles
+
         model: root.shown ? 1 : 0
         delegate: Item {
             Timer {

@@ -23,14 +23,19 @@ ListView {
         if (root.count === 0)
             return
         root.currentIndex = Math.max(0, Math.min(row, root.count - 1))
-        // At the ends, with the room beyond the row.
         if (root.currentIndex === 0)
-            root.positionViewAtBeginning()
+            root.contentY = root.originY - root.topMargin
         else if (root.currentIndex === root.count - 1)
-            root.positionViewAtEnd()
+            root.showEnd()
         else
             root.positionViewAtIndex(root.currentIndex, ListView.Contain)
         root.focusCurrent()
+    }
+
+    // The last row with the room below it, which positionViewAtEnd() leaves out.
+    function showEnd() {
+        root.positionViewAtEnd()
+        root.contentY = Math.max(-root.topMargin, root.contentHeight + root.bottomMargin - root.height) + root.originY
     }
 
     function focusCurrent() {
@@ -44,8 +49,8 @@ ListView {
 
     model: root.trials
     clip: true
-    header: Item { implicitHeight: 4 }
-    footer: Item { implicitHeight: 4 }
+    topMargin: 4
+    bottomMargin: 4
     cacheBuffer: 0
     boundsBehavior: Flickable.StopAtBounds
     keyNavigationEnabled: false
@@ -86,7 +91,7 @@ ListView {
     Connections {
         target: root.trials
 
-        function onRowsInserted() { root.positionViewAtEnd() }
+        function onRowsInserted() { root.showEnd() }
         function onRowsRemoved() {
             if (root.activeFocus && root.trials.rowCount() === 0)
                 root.emptied()

@@ -57,7 +57,7 @@ PanelTest {
     function test_theListBeginsAtItsTop() {
         openOn(fixture.startWithMany(1000))
 
-        compare(list().contentY, -list().headerItem.height)
+        compare(list().contentY, -list().topMargin)
     }
 
     function test_arrowsPagesHomeAndEndWalkTheRows() {
@@ -77,7 +77,7 @@ PanelTest {
         verify(at() !== "Trial 998")
         keyClick(Qt.Key_Home)
         compare(at(), "Trial 0")
-        compare(list().contentY, -list().headerItem.height)
+        compare(list().contentY, -list().topMargin)
         keyClick(Qt.Key_Up)
         compare(at(), "Trial 0")
     }

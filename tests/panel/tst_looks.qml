@@ -152,7 +152,7 @@ PanelTest {
         open(names.map(name => ({ name: name, hours: 73, cost: 5 })))
 
         for (const name of names)
-            compare(found(name + ", 3d left · $5.00").height, found("Acme, 3d left · $5.00").height, name)
+            compare(found(name + ", 3d left, $5.00").height, found("Acme, 3d left, $5.00").height, name)
     }
 
     function test_bothAnswersAreEquallyWide() {
