@@ -7,6 +7,8 @@
 
 import json
 import sys
+import time
+import uuid
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -43,6 +45,9 @@ class User:
     def read(self, field):
         return self.desktop.run("/usr/bin/python3", FIELD, "read", "Norvane", field)
 
+    def rows(self):
+        return self.desktop.run("/usr/bin/python3", FIELD, "rows", "Norvane", "Trials").splitlines()
+
     def enter(self, field, text):
         """Fills an empty field: Qt 6.4 lets a screen reader give it the keyboard, but not a text."""
         self.see("text", field)
@@ -56,7 +61,7 @@ class User:
         return [trial["name"] for trial in json.loads(self.trials_file.read_text())]
 
     def open_panel(self):
-        self.desktop.start(self.program)
+        self.process = self.desktop.start(self.program)
         wait_until(lambda: self.desktop.owns("org.norvane.Norvane"), "Norvane on the bus")
         self.desktop.run(self.program)  # The second one asks the first to show its panel.
         self.see("push button", "Quit")
@@ -64,9 +69,11 @@ class User:
     def add(self, name, cost):
         self.press("push button", "Add Trial")
         self.focused("text", "Service name")
+        assert not self.see("push button", "Track Trial")["enabled"]
         self.see("text", "Trial ends")
         self.enter("Monthly cost after trial", cost)
         self.enter("Service name", name)
+        wait_until(lambda: self.see("push button", "Track Trial")["enabled"], "a form that can be sent")
         self.press("push button", "Track Trial")
         self.see("list item", f"{name}, 6d left, ${cost}")  # Seven days from a moment ago.
 
@@ -80,6 +87,7 @@ def walk(user):
     assert user.names() == ["Acme Cloud"], user.names()
     user.see("label", "1 active")
     user.see("list", "Trials")
+    user.see("notification", "Acme Cloud added")
 
     user.press("push button", "Add Trial")
     user.enter("Service name", "Radio Norte")
@@ -100,8 +108,41 @@ def walk(user):
     user.press("push button", "Delete", "")
     user.see("label", "No trials tracked")
     assert user.names() == [], user.names()
+    user.see("notification", "Acme Cloud deleted")
 
     user.press("push button", "Quit")
+
+
+def write_trials(file, count):
+    """Trials that end in two days and are named by their place: "Trial 1" and so on."""
+    now = time.time() - 978307200  # A trials file counts from 2001.
+    file.write_text(json.dumps([
+        {"id": str(uuid.UUID(int=number)), "name": f"Trial {number}", "endDate": now + 2.5 * 86400, "cost": 5,
+         "notes": "", "createdAt": now, "notificationIds": []}
+        for number in range(1, count + 1)
+    ]))
+
+
+def read_a_list_longer_than_the_panel(user):
+    write_trials(user.trials_file, 30)
+    user.open_panel()
+    user.see("list", "Trials", "30 in total")
+    expected = [f"Trial {number}, 2d left, $5.00; {number} of 30" for number in range(1, 31)]
+    assert user.rows() == expected, user.rows()
+
+    user.focused("push button", "Add Trial")
+    user.desktop.key("Tab", "Tab", "End")
+    user.focused("list item", "Trial 30, 2d left, $5.00")
+    assert user.rows() == expected, user.rows()
+
+
+def ask_for_the_last_word(user):
+    """Orca asks for it when Control+Right brings the caret to the end."""
+    user.press("push button", "Add Trial")
+    user.enter("Service name", "Hulu Plus")
+    user.desktop.key("ctrl+Left", "ctrl+Right")
+    word = user.desktop.run("/usr/bin/python3", FIELD, "last-word", "Norvane", "Service name")
+    assert word == "Plus", word
 
 
 def main(build):
@@ -109,6 +150,12 @@ def main(build):
     with Desktop(folder) as desktop:
         walk(User(desktop, Path(build) / "app/norvane"))
         wait_until(lambda: not desktop.owns("org.norvane.Norvane"), "the end of Norvane")
+
+        user = User(desktop, Path(build) / "app/norvane")
+        read_a_list_longer_than_the_panel(user)
+        ask_for_the_last_word(user)
+        user.process.terminate()
+        assert user.process.wait(10) == 0, "SIGTERM does not end it"
         noise = (folder / "norvane.log").read_text()
         assert not noise, f"Norvane said on the console: {noise}"
 

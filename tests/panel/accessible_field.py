@@ -1,9 +1,11 @@
 # SPDX-FileCopyrightText: 2026 the Norvane authors
 # SPDX-License-Identifier: MIT
-"""Reaches a program's text field as a screen reader does.
+"""Reaches into a program as a screen reader does.
 
-    accessible_field.py focus PROGRAM NAME   gives it the keyboard
-    accessible_field.py read PROGRAM NAME    prints what stands in it
+    accessible_field.py focus PROGRAM NAME      gives a text field the keyboard
+    accessible_field.py read PROGRAM NAME       prints what stands in it
+    accessible_field.py last-word PROGRAM NAME  prints the word at the end of it
+    accessible_field.py rows PROGRAM NAME       prints the rows of a list, "name; description" each
 
 A process of its own, because the accessibility library binds to one session bus for good.
 """
@@ -11,16 +13,26 @@ A process of its own, because the accessibility library binds to one session bus
 import sys
 from pathlib import Path
 
+import pyatspi
+
 sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 
 from support.accessible import program_named, walk  # noqa: E402
 
 
 def main(command, program, name):
-    field = next(node for node in walk(program_named(program)) if (node.getRoleName(), node.name) == ("text", name))
+    role = "list" if command == "rows" else "text"
+    node = next(node for node in walk(program_named(program)) if (node.getRoleName(), node.name) == (role, name))
     if command == "focus":
-        return 0 if field.queryComponent().grabFocus() else 1
-    print(field.queryText().getText(0, -1), end="")
+        return 0 if node.queryComponent().grabFocus() else 1
+    if command == "rows":
+        print("\n".join(f"{row.name}; {row.description}" for row in node))
+        return 0
+    text = node.queryText()
+    if command == "read":
+        print(text.getText(0, -1), end="")
+    else:
+        print(text.getTextAtOffset(text.characterCount, pyatspi.TEXT_BOUNDARY_WORD_START)[0], end="")
     return 0
 
 

@@ -55,6 +55,15 @@ PanelTest {
         }
     }
 
+    function test_theTreeOfTenThousandTrialsIsWholeAndInOrder() {
+        openOn(fixture.startWithMany(10000))
+        find("Trials").positionViewAtIndex(5000, ListView.Beginning)
+        fixture.settle(test)
+
+        compare(rows(), spoken(fixture.names()))
+        compare(fixture.descriptionOf(find("Trials")), "10000 in total")
+    }
+
     function test_theRowHasTheFocusAndIsNeverSelected() {
         openOn(fixture.startWithMany(3))
 
