@@ -32,7 +32,8 @@ class Portal:
 
     @staticmethod
     def _as_code(answer):
-        values = ", ".join(f"{key!r}: dbus.UInt32({int(value)}, variant_level=1)" for key, value in answer[GROUP].items())
+        values = ", ".join(
+            f"{key!r}: dbus.UInt32({int(value)}, variant_level=1)" for key, value in answer[GROUP].items())
         return f"{{{GROUP!r}: dbus.Dictionary({{{values}}}, signature='sv')}}"
 
     def change(self, key, value):

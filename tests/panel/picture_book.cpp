@@ -183,7 +183,7 @@ void drawStates(const QLocale &locale, const std::function<QString(const char *)
     {
         Picture alert{several(), locale};
         alert.key(Qt::Key_Tab);
-        alert.key(Qt::Key_Return);
+        alert.key(Qt::Key_Delete);
         alert.pointAt(alert.button(QCoreApplication::translate("AlertContent", "Delete")));
         alert.save(path("hover-delete"));
     }
@@ -252,13 +252,13 @@ int main(int argc, char *argv[])
         Picture alert{several(), locale};
         alert.key(Qt::Key_Tab);
         alert.save(path("focus"));
-        alert.key(Qt::Key_Return);
+        alert.key(Qt::Key_Delete);
         alert.save(path("alert"));
     }
     {
         Picture alert{longNames(), locale};
         alert.key(Qt::Key_Tab);
-        alert.key(Qt::Key_Return);
+        alert.key(Qt::Key_Delete);
         alert.save(path("alert-long-name"));
     }
     drawStates(locale, path);

@@ -123,7 +123,8 @@ class UserSession:
         same_user = os.readlink(f"/proc/{manager}/ns/user") == os.readlink("/proc/self/ns/user")
         return subprocess.run(
             ["nsenter", f"--target={manager}", "--mount", "--pid", *([] if same_user else ["--user"]),
-             "setpriv", f"--reuid={USER}", f"--regid={USER}", "--clear-groups", "env", "-i", "PATH=/usr/bin:/bin", f"HOME={self.home}", "LC_ALL=C.UTF-8",
+             "setpriv", f"--reuid={USER}", f"--regid={USER}", "--clear-groups",
+             "env", "-i", "PATH=/usr/bin:/bin", f"HOME={self.home}", "LC_ALL=C.UTF-8",
              f"XDG_RUNTIME_DIR={self.folder}/runtime", f"DBUS_SESSION_BUS_ADDRESS={self.address}", *map(str, command)],
             check=True, capture_output=True, text=True, timeout=60).stdout
 
