@@ -5,6 +5,7 @@
 
 import os
 import subprocess
+import sys
 from pathlib import Path
 
 import pytest
@@ -61,11 +62,12 @@ class Screen:
         self.server.wait()
 
     def show(self, title, body):
-        """Has the server show these, the body as markup; its number of the notification."""
+        """Has the server show these, the body as markup, with an action for a click where it knows
+        of clicks; its number of the notification."""
         hints = {"desktop-entry": GLib.Variant("s", "org.norvane.Norvane"),
                  "urgency": GLib.Variant("y", 1)}
         return self._call(SERVER, SERVER_PATH, "Notify", "(susssasa{sv}i)", "Norvane", 0,
-                          "org.norvane.Norvane", title, body, [], hints, -1)
+                          "org.norvane.Norvane", title, body, ["default", ""], hints, -1)
 
     def close(self, number):
         self._call(SERVER, SERVER_PATH, "CloseNotification", "(u)", number)
@@ -114,3 +116,21 @@ def test_a_reminder_reads_exactly_as_it_was_given_on(name, desktop, bus, notifie
         notifier.add("a-1h", this_minute(), title=TITLE, body=BODY)
 
         wait_until(lambda: screen.shows(reference, picture), "the same on the screen")
+
+
+def test_a_click_on_a_reminder_opens_norvane_on_dunst(desktop, bus, notifier, tmp_path):
+    log = tmp_path / "activations"
+    program = Path(__file__).resolve().parents[1] / "support" / "activated_program.py"
+    bus.install("org.norvane.Norvane", f"{sys.executable} {program} {bus.address} {log}")
+    environment = {**notifier.environment, "HOME": str(tmp_path), "XDG_CONFIG_HOME": str(tmp_path),
+                   "XDG_CACHE_HOME": str(tmp_path), "DISPLAY": desktop}
+    with Screen(desktop, bus, environment, SERVERS["dunst"]) as screen:
+        notifier.start()
+        notifier.add("a-1h", this_minute(), title=TITLE, body=BODY)
+        picture = tmp_path / "screen.png"
+        wait_until(lambda: screen.colours(picture) > 50, "the reminder")
+
+        subprocess.run(["dunstctl", "action"], env=environment, check=True)
+
+        wait_until(log.exists, "the activation")
+        assert log.read_text().startswith("{")
