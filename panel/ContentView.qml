@@ -71,7 +71,7 @@ Rectangle {
     function announce(text: string) {
         announcement.visible = false
         announcement.text = text
-        Qt.callLater(() => announcement.visible = true)
+        Qt.callLater(() => announcement.visible = true) // qmllint disable
     }
 
     implicitWidth: 360

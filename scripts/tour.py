@@ -113,6 +113,8 @@ class Tour:
         self.picture("Add Trial shows the form")
 
         desktop.type(NAME)
+        # Letters are on their way to assistive programs first; a click would overtake them.
+        wait_until(lambda: (desktop.find("text", "Service name") or {}).get("text") == NAME, "the name in its field")
         cost = wait_until(lambda: desktop.find("text", "Monthly cost after trial"), "the cost field")
         desktop.click(cost["box"][0] + 20, cost["box"][1] + 10)
         desktop.type("9.50")

@@ -160,7 +160,7 @@ def test_a_host_of_status_items_takes_over_and_gives_back(desktop):
 
         panel = desktop.start_panel()
         wait_until(lambda: not icon_processes(shell), "the end of the icon in the old tray")
-        assert len(desktop.status_items()) == 1
+        wait_until(lambda: len(desktop.status_items()) == 1, "the icon in the panel")
         desktop.stop(panel)
         desktop.stop(former)  # Whose tray the panel had taken over, too.
         desktop.start(*TRAYER)

@@ -211,6 +211,6 @@ def test_it_stands_below_the_icon_at_any_scale(desktop, folder, scale):
 
         assert (width, height) == tuple(length * float(scale) for length in SIZE)
         assert 30 <= y <= 30 + 10 * float(scale)
-        assert x + width == 1280 - 4
+        assert x + width == 1280 - 4 * float(scale)
         shell.press()
         shell.wait_closed()

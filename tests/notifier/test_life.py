@@ -233,5 +233,5 @@ def test_the_second_takes_over_from_the_first(notifier, other_notifier):
 
         notifier.kill()
 
-        assert server.wait_for(1, 40)[0].title == "due"
+        assert server.wait_for(1, 90)[0].title == "due"
         assert sorted(other.identifiers()) == ["a-1h", "b-1h", "c-1h"]

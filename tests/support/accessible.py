@@ -39,6 +39,14 @@ def role_of(node):
     return {"button": "push button"}.get(node.getRoleName(), node.getRoleName())
 
 
+def text_in(node):
+    """What stands in a text field; nothing for what is no text."""
+    try:
+        return node.queryText().getText(0, -1)
+    except NotImplementedError:
+        return None
+
+
 def describe(node):
     states = node.getState()
     box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
@@ -46,6 +54,7 @@ def describe(node):
         "role": role_of(node),
         "name": node.name,
         "description": node.description,
+        "text": text_in(node),
         "focused": states.contains(pyatspi.STATE_FOCUSED),
         "enabled": states.contains(pyatspi.STATE_ENABLED),
         "box": [box.x, box.y, box.width, box.height],
