@@ -19,7 +19,7 @@ using namespace std::chrono;
 
 namespace {
 
-constexpr sys_seconds noonOfTheSchedule = sys_days{2026y / July / 1} + 12h;
+constexpr sys_seconds plannedNoon = sys_days{2026y / July / 1} + 12h;
 
 NotificationRequest request(const QString &identifier, QStringView trigger)
 {
@@ -39,7 +39,7 @@ private slots:
     void init()
     {
         folder_ = std::make_unique<QTemporaryDir>();
-        clock_.moment = noonOfTheSchedule;
+        clock_.moment = plannedNoon;
         zone_ = std::make_unique<FakeZone>("UTC");
         wakeUp();
     }
@@ -52,17 +52,17 @@ private slots:
         add(QStringLiteral("a-1h"), u"2026-07-02T12:00");
         add(QStringLiteral("c-1h"), u"2026-07-04T12:00");
 
-        QCOMPARE(alarm_.moment, noonOfTheSchedule + 24h);
+        QCOMPARE(alarm_.moment, plannedNoon + 24h);
     }
 
     void aRequestComesWhenTheClockReachesItsMinute()
     {
         add(QStringLiteral("a-1h"), u"2026-07-01T12:01");
-        clock_.moment = noonOfTheSchedule + 59s;
+        clock_.moment = plannedNoon + 59s;
         emit alarm_.fired();
         QCOMPARE(outbox(), QStringList{});
 
-        clock_.moment = noonOfTheSchedule + 60s;
+        clock_.moment = plannedNoon + 60s;
         emit alarm_.fired();
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
@@ -74,7 +74,7 @@ private slots:
         add(QStringLiteral("b-1h"), u"2026-07-01T12:02");
         add(QStringLiteral("a-1h"), u"2026-07-01T12:01");
 
-        clock_.moment = noonOfTheSchedule + 10min;
+        clock_.moment = plannedNoon + 10min;
         emit alarm_.fired();
 
         QCOMPARE(outbox(), (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
@@ -85,48 +85,48 @@ private slots:
         add(QStringLiteral("a-1h"), u"2026-07-01T12:30");
         add(QStringLiteral("b-1h"), u"2026-07-01T18:00");
 
-        clock_.moment = noonOfTheSchedule + 1h;
+        clock_.moment = plannedNoon + 1h;
         emit alarm_.clockSet();
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
-        QCOMPARE(alarm_.moment, noonOfTheSchedule + 6h);
+        QCOMPARE(alarm_.moment, plannedNoon + 6h);
     }
 
     void aClockSetBackMakesItWaitLonger()
     {
         add(QStringLiteral("a-1h"), u"2026-07-01T12:30");
 
-        clock_.moment = noonOfTheSchedule - 48h;
+        clock_.moment = plannedNoon - 48h;
         emit alarm_.clockSet();
 
         QCOMPARE(outbox(), QStringList{});
-        QCOMPARE(alarm_.moment, noonOfTheSchedule + 30min);
+        QCOMPARE(alarm_.moment, plannedNoon + 30min);
     }
 
     void whatLapsedByAClockThatWasWrongPendsAgain()
     {
         add(QStringLiteral("a-1h"), u"2026-07-01T18:00");
         sleep();
-        clock_.moment = noonOfTheSchedule + days{400};
+        clock_.moment = plannedNoon + days{400};
         wakeUp();
         QVERIFY(!scheduler_->hasPending());
 
-        clock_.moment = noonOfTheSchedule + 1min;
+        clock_.moment = plannedNoon + 1min;
         emit alarm_.clockSet();
 
         QCOMPARE(outbox(), QStringList{});
-        QCOMPARE(alarm_.moment, noonOfTheSchedule + 6h);
+        QCOMPARE(alarm_.moment, plannedNoon + 6h);
     }
 
     void whatLapsedByAClockThatWasWrongComesWhenItIsDueByTheRightOne()
     {
         add(QStringLiteral("a-24h"), u"2026-07-01T12:30");
         sleep();
-        clock_.moment = noonOfTheSchedule + days{400};
+        clock_.moment = plannedNoon + days{400};
         wakeUp();
         sleep();
 
-        clock_.moment = noonOfTheSchedule + 1h;
+        clock_.moment = plannedNoon + 1h;
         wakeUp();
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-24h")});
@@ -136,11 +136,11 @@ private slots:
     {
         add(QStringLiteral("a-24h"), u"2026-07-01T12:10");
         add(QStringLiteral("a-1h"), u"2026-07-01T12:20");
-        clock_.moment = noonOfTheSchedule + 1h;
+        clock_.moment = plannedNoon + 1h;
         emit alarm_.clockSet();
         deliverAll();
 
-        clock_.moment = noonOfTheSchedule + 59min;
+        clock_.moment = plannedNoon + 59min;
         emit alarm_.clockSet();
 
         QCOMPARE(outbox(), QStringList{});
@@ -154,7 +154,7 @@ private slots:
         zone_->move("Europe/Berlin"); // It is 14:00 there.
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
-        QCOMPARE(alarm_.moment, noonOfTheSchedule + 4h);
+        QCOMPARE(alarm_.moment, plannedNoon + 4h);
     }
 
     void aJourneyWestMakesItWaitForTheWallClock()
@@ -164,7 +164,7 @@ private slots:
         zone_->move("America/New_York");
 
         QCOMPARE(outbox(), QStringList{});
-        QCOMPARE(alarm_.moment, noonOfTheSchedule + 4h + 30min);
+        QCOMPARE(alarm_.moment, plannedNoon + 4h + 30min);
     }
 
     void aZoneThatChangedWhileNobodyRanCountsFromTheStart()
@@ -175,7 +175,7 @@ private slots:
         zone_ = std::make_unique<FakeZone>("Europe/Berlin");
         wakeUp();
 
-        QCOMPARE(alarm_.moment, noonOfTheSchedule + 4h);
+        QCOMPARE(alarm_.moment, plannedNoon + 4h);
     }
 
     void theFirstOfTwoOccurrencesIsKeptWhenTheClockIsLookedAtAnew()
@@ -198,7 +198,7 @@ private slots:
         add(QStringLiteral("a-24h"), u"2026-07-01T12:20");
         add(QStringLiteral("b-24h"), u"2026-07-01T12:15");
 
-        clock_.moment = noonOfTheSchedule + 1h;
+        clock_.moment = plannedNoon + 1h;
         emit alarm_.clockSet();
 
         QCOMPARE(outbox(), (QStringList{QStringLiteral("b-24h"), QStringLiteral("a-24h")}));
@@ -209,7 +209,7 @@ private slots:
         add(QStringLiteral("a-24h"), u"2026-07-01T12:10");
         add(QStringLiteral("a-1h"), u"2026-07-01T13:00");
 
-        clock_.moment = noonOfTheSchedule + 1h;
+        clock_.moment = plannedNoon + 1h;
         emit alarm_.clockSet();
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
@@ -222,7 +222,7 @@ private slots:
         add(QStringLiteral("a-b-1h"), u"2026-07-01T12:00");
         add(QStringLiteral("a-1h"), u"2026-07-01T12:30");
 
-        clock_.moment = noonOfTheSchedule + 30min;
+        clock_.moment = plannedNoon + 30min;
         emit alarm_.fired();
 
         QCOMPARE(outbox(), (QStringList{QStringLiteral("b-24h"), QStringLiteral("a-b-1h"),
@@ -242,15 +242,15 @@ private slots:
         add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
         deliverAll();
 
-        clock_.moment = noonOfTheSchedule + days{7};
+        clock_.moment = plannedNoon + days{7};
         wakeAgain();
-        clock_.moment = noonOfTheSchedule;
+        clock_.moment = plannedNoon;
         add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
         QCOMPARE(outbox(), QStringList{});
 
-        clock_.moment = noonOfTheSchedule + days{7} + 1s;
+        clock_.moment = plannedNoon + days{7} + 1s;
         wakeAgain();
-        clock_.moment = noonOfTheSchedule;
+        clock_.moment = plannedNoon;
         add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
@@ -262,7 +262,7 @@ private slots:
         deliverAll();
 
         add(QStringLiteral("a-1h"), u"2026-07-01T12:01");
-        clock_.moment = noonOfTheSchedule + 1min;
+        clock_.moment = plannedNoon + 1min;
         emit alarm_.fired();
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
@@ -326,7 +326,7 @@ private:
     }
 
     std::unique_ptr<QTemporaryDir> folder_;
-    FakeClock clock_{noonOfTheSchedule};
+    FakeClock clock_{plannedNoon};
     FakeAlarm alarm_;
     std::unique_ptr<FakeZone> zone_;
     std::unique_ptr<Ledger> ledger_;

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Norvane authors
 # SPDX-License-Identifier: MIT
-"""clang-tidy finds nothing, neither in what ships nor in the tests: clang_tidy.py BUILD_FOLDER
+"""Runs clang-tidy on all that ships and on the tests: clang_tidy.py BUILD_FOLDER
 
 The build folder is that of a unity build. Each of its joined sources is checked as a whole, because
 most of a run is spent on reading Qt's headers; only the static analyzer, which follows paths through
