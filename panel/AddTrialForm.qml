@@ -24,8 +24,8 @@ ScrollingColumn {
     signal track()
 
     function submit() {
-        dateField.commit() // A date may have been typed to the end and not been left yet.
-        root.track()
+        if (dateField.commit()) // The field that is being typed into has not been left yet.
+            root.track()
     }
 
     function focusName() {
@@ -36,37 +36,53 @@ ScrollingColumn {
 
     Shortcut {
         sequence: "Ctrl+Escape"
+        autoRepeat: false
         onActivated: root.cancel()
     }
     Shortcut {
         sequences: ["Ctrl+Return", "Ctrl+Enter"]
         enabled: root.canTrack
+        autoRepeat: false
         onActivated: root.submit()
     }
 
-    FormCaption { text: qsTr("Service name") }
+    FormCaption {
+        id: nameCaption
+
+        //: Caption of the field for the name of the service whose trial it is; a screen reader says it of the field.
+        text: qsTr("Service name")
+    }
     FormTextField {
         id: nameField
 
         text: root.newName
+        //: Shown in the empty field for the name of the service. The names stay as they are.
         placeholderText: qsTr("e.g. Netflix, Canva Pro")
-        Accessible.name: qsTr("Service name")
+        Accessible.name: nameCaption.text
         Layout.fillWidth: true
 
-        onTextEdited: root.newNameEdited(nameField.text)
+        onLineEdited: text => root.newNameEdited(text)
     }
-    FormCaption { text: qsTr("Trial ends") }
+    FormCaption {
+        id: endCaption
+
+        //: Caption of the fields for the day and the time at which the trial ends.
+        text: qsTr("Trial ends")
+    }
     DateTimeField {
         id: dateField
 
         calendar: root.calendar
         moment: root.newEndDate
-        name: qsTr("Trial ends")
+        name: endCaption.text
         Layout.fillWidth: true
 
         onEdited: moment => root.newEndDateEdited(moment)
     }
-    FormCaption { text: qsTr("Monthly cost after trial") }
+    FormCaption {
+        //: Caption of the field for what the service costs a month once the trial has ended.
+        text: qsTr("Monthly cost after trial")
+    }
     CostRow {
         cost: root.newCost
         Layout.fillWidth: true

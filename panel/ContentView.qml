@@ -79,11 +79,11 @@ Rectangle {
 
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
-    onShowingAddChanged: root.content.rebuild()
-    onNewNameChanged: root.content.rebuild()
-    onNewEndDateChanged: root.content.rebuild()
-    onNewCostChanged: root.content.rebuild()
-    onNewNotesChanged: root.content.rebuild()
+    onShowingAddChanged: root.content.rebuildSoon()
+    onNewNameChanged: root.content.rebuildSoon()
+    onNewEndDateChanged: root.content.rebuildSoon()
+    onNewCostChanged: root.content.rebuildSoon()
+    onNewNotesChanged: root.content.rebuildSoon()
 
     Connections {
         id: shell

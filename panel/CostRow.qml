@@ -4,7 +4,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-// The monthly cost as typed, after its currency sign.
+// The currency sign and, behind it, the field for the monthly cost.
 RowLayout {
     id: root
 
@@ -15,6 +15,7 @@ RowLayout {
     spacing: 2
 
     Text {
+        //: Currency sign before the field for the cost. It is the same in every language.
         text: qsTr("$")
         textFormat: Text.PlainText
         font: Theme.body
@@ -25,10 +26,12 @@ RowLayout {
         id: field
 
         text: root.cost
+        //: Shown in the empty field for the cost. The decimal mark is always a point.
         placeholderText: qsTr("0.00")
+        //: What a screen reader says of the field for the cost; the same as its caption.
         Accessible.name: qsTr("Monthly cost after trial")
         Layout.fillWidth: true
 
-        onTextEdited: root.edited(field.text)
+        onLineEdited: text => root.edited(text)
     }
 }

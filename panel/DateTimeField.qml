@@ -3,6 +3,7 @@
 
 pragma ComponentBehavior: Bound
 
+import QtQml
 import QtQuick
 import QtQuick.Templates as T
 
@@ -16,18 +17,29 @@ Flow {
     required property pointInTime moment
     required property string name
 
-    // A day that skips an hour does not cost the days after it that hour.
+    // The time that was asked for. The moment can have another: on the day that skips an hour, 2:30
+    // is 3:30, and the days after it are to have 2:30 again.
     property pointInTime timeOfDay: root.moment
 
     signal edited(moment: pointInTime)
 
-    function commit() {
-        day.commit()
-        time.commit()
+    // Takes over what is typed; returns whether it was understood. The part that was not has its old
+    // value back then, and the focus.
+    function commit(): bool {
+        return root.commitPart(day) && root.commitPart(time)
+    }
+
+    function commitPart(part: StepField): bool {
+        const understood = part.commit()
+        if (!understood) {
+            part.forceActiveFocus(Qt.OtherFocusReason)
+            part.selectAll()
+        }
+        return understood
     }
 
     function takeDay(moment: pointInTime) {
-        root.timeOfDay = root.timeOfDay // No longer bound: the time stays what was asked for last.
+        root.timeOfDay = root.timeOfDay // Ends the binding to the moment, which changes now.
         root.edited(moment)
     }
 
@@ -50,7 +62,10 @@ Flow {
             moment: root.moment
             timeOfDay: root.timeOfDay
             Accessible.name: root.name
-            Accessible.description: qsTr("Day")
+            // The placeholder is also what a screen reader says of the field after its name.
+            //: Which of the two fields for the end of the trial this is: the one for the date.
+            placeholderText: qsTr("Day")
+            Accessible.description: day.placeholderText
 
             onEdited: moment => root.takeDay(moment)
         }
@@ -62,12 +77,13 @@ Flow {
             rightPadding: 7
             display: T.AbstractButton.IconOnly
             symbol: "calendar"
+            //: What a screen reader says of the button that opens the calendar.
             text: qsTr("Choose a day")
             Accessible.description: root.name
 
             onClicked: {
                 root.commit()
-                month.show(root.calendar.dayOf(root.moment))
+                month.active = true
             }
         }
     }
@@ -80,19 +96,29 @@ Flow {
         moment: root.moment
         timeOfDay: root.timeOfDay
         Accessible.name: root.name
-        Accessible.description: qsTr("Time")
+        //: Which of the two fields for the end of the trial this is: the one for the time of day.
+        placeholderText: qsTr("Time")
+        Accessible.description: time.placeholderText
 
         onEdited: moment => root.takeTime(moment)
     }
-    MonthCalendar {
+    // Made when it is opened.
+    Instantiator {
         id: month
 
-        parent: open
-        x: open.mirrored ? open.width - month.width : 0
-        y: open.height + 4
-        calendar: root.calendar
+        active: false
+        delegate: MonthCalendar {
+            parent: open
+            x: open.mirrored ? open.width - width : 0
+            y: open.height + 4
+            calendar: root.calendar
+            selected: root.calendar.dayOf(root.moment)
 
-        onPicked: picked => root.takeDay(root.calendar.onDay(root.moment, picked, root.timeOfDay))
-        onClosed: open.forceActiveFocus(Qt.PopupFocusReason)
+            onPicked: day => root.takeDay(root.calendar.onDay(root.moment, day, root.timeOfDay))
+            onClosed: {
+                open.forceActiveFocus(Qt.PopupFocusReason)
+                month.active = false
+            }
+        }
     }
 }

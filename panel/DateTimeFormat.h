@@ -8,6 +8,7 @@
 #include <QList>
 #include <QLocale>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -37,11 +38,14 @@ public:
 
     [[nodiscard]] Shown shown(const WallClockMinute &minute) const;
 
-    /// What a person means by a typed text, on the ground of what was shown before; nothing where
-    /// the text is not a day (or a time of day).
+    /// What a person means by a typed text; nothing where the text is not a day (or a time of day).
+    /// What the text leaves out is taken from `before`, the moment that was shown.
     ///
-    /// Any separators will do. A day may lack its year, or month and year; a year may have two
-    /// digits; year-month-day is always understood. A time may lack its minutes or its colon.
+    /// A day may lack its year, or month and year, and its month may be a name. Its numbers are
+    /// read in the locale's order, parted by any marks or, in six or eight digits, by none; another
+    /// order counts only where the locale's gives no date, but a year of four digits in front
+    /// always means year, month, day. Two digits of a year mean 2000 to 2099. A time may lack its
+    /// minutes or its colon. Any kind of blank does for another.
     [[nodiscard]] std::optional<WallClockMinute> read(const QString &typed,
                                                       const WallClockMinute &before) const;
 
@@ -58,14 +62,16 @@ private:
     [[nodiscard]] QString textOf(const Token &token, const WallClockMinute &minute) const;
     [[nodiscard]] QString digits(int number, qsizetype width) const;
     [[nodiscard]] bool has(Field field) const;
-    [[nodiscard]] static QList<QString> numbersIn(const QString &typed);
-    [[nodiscard]] std::optional<WallClockMinute> readDay(const QList<QString> &numbers,
+    /// What a typed day may hold beside numbers and the name of a month: the long ones first.
+    [[nodiscard]] QStringList wordsOfDays() const;
+    [[nodiscard]] QStringList monthNames(int month) const;
+    [[nodiscard]] std::optional<WallClockMinute> readDay(QString text,
                                                          const WallClockMinute &before) const;
     /// Whether the text says that it means an hour of the first or the second half of the day;
     /// nothing where it says something else.
     [[nodiscard]] std::optional<Half> halfIn(const QString &typed) const;
-    [[nodiscard]] std::optional<WallClockMinute>
-    readTime(QList<QString> numbers, const QString &typed, const WallClockMinute &before) const;
+    [[nodiscard]] std::optional<WallClockMinute> readTime(const QString &text,
+                                                          const WallClockMinute &before) const;
 
     QLocale locale_;
     QList<Token> tokens_;

@@ -18,9 +18,20 @@ Item {
 
     signal picked()
 
+    // In words, since not every screen reader says the state of a cell.
+    function sentence(): string {
+        let words = root.spoken
+        if (root.today)
+            //: What a screen reader says of the calendar's cell that is today. %@ is the date.
+            words = Phrase.with(qsTr("%@, today"), words)
+        if (root.selected)
+            //: What a screen reader says of the calendar's cell that is the chosen day. %@ is the date.
+            words = Phrase.with(qsTr("%@, selected"), words)
+        return words
+    }
+
     Accessible.role: Accessible.Cell
-    Accessible.name: root.spoken
-    Accessible.description: root.today ? qsTr("Today") : ""
+    Accessible.name: root.sentence()
     Accessible.focusable: true
     Accessible.focused: root.activeFocus
     Accessible.selectable: true

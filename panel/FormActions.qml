@@ -3,7 +3,7 @@
 
 import QtQuick
 
-// The two ways out of the form.
+// The buttons that end the form: one cancels it, one tracks the trial.
 Flow {
     id: root
 
@@ -15,13 +15,16 @@ Flow {
     spacing: 10
 
     FormButton {
+        //: Button that closes the form without adding a trial.
         text: qsTr("Cancel")
         onClicked: root.cancel()
     }
     FormButton {
+        //: Button that adds the trial which was entered in the form.
         text: qsTr("Track Trial")
         weight: FormButton.Main
         enabled: root.canTrack
+        focusPolicy: Qt.TabFocus // A press leaves the field that is being typed into its focus.
         onClicked: root.track()
     }
 }

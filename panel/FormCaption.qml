@@ -13,5 +13,5 @@ Text {
     color: Theme.secondary
     Layout.fillWidth: true
 
-    Accessible.ignored: true // The field bears the same name.
+    Accessible.ignored: true // The field has the same accessible name.
 }

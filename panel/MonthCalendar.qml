@@ -6,24 +6,19 @@ import QtQuick.Templates as T
 
 import org.norvane.panel
 
-// A month to pick a day from: with the mouse, or by arrow keys, Page Up and Page Down, and Return.
-T.Popup {
+// A month to pick a day from: with the mouse, or by arrow keys, Page Up and Page Down, and Return;
+// Ctrl+Return picks from wherever in it the focus is. Lives from its opening to its closing.
+T.Dialog {
     id: root
 
     required property UserCalendar calendar
 
-    property int selected: 0
-    property int cursor: 0
-    property int today: 0
+    required property int selected
+
+    property int cursor: root.selected
+    property int today: root.calendar.today()
 
     signal picked(day: int)
-
-    function show(day: int) {
-        root.selected = day
-        root.cursor = day
-        root.today = root.calendar.today()
-        root.open()
-    }
 
     implicitWidth: root.implicitContentWidth + 2 * root.padding
     implicitHeight: root.implicitContentHeight + 2 * root.padding
@@ -32,6 +27,9 @@ T.Popup {
     modal: true
     dim: false
     focus: true
+    visible: true
+    //: What a screen reader says of the calendar when it opens.
+    title: qsTr("Choose a day")
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
     background: Rectangle {
@@ -63,6 +61,11 @@ T.Popup {
         onPicked: day => {
             root.picked(day)
             root.close()
+        }
+
+        WheelSteps {
+            margin: root.padding
+            onStepped: steps => root.cursor = root.calendar.monthsLater(root.cursor, -steps)
         }
     }
 

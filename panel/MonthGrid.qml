@@ -35,12 +35,14 @@ FocusScope {
     Keys.onDownPressed: root.moved(root.cursor + 7)
     Keys.onLeftPressed: root.moved(root.cursor + (grid.mirrored ? 1 : -1))
     Keys.onRightPressed: root.moved(root.cursor + (grid.mirrored ? -1 : 1))
-    Keys.onReturnPressed: root.picked(root.cursor)
-    Keys.onEnterPressed: root.picked(root.cursor)
     Keys.onPressed: event => {
+        const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+        // A key that is still held from opening the calendar must not pick the day at once.
+        if (isReturn && !event.isAutoRepeat)
+            root.picked(root.cursor)
         const months = event.key === Qt.Key_PageUp ? -1 : event.key === Qt.Key_PageDown ? 1 : 0
-        event.accepted = months !== 0
-        if (event.accepted)
+        event.accepted = isReturn || months !== 0
+        if (months !== 0)
             root.moved(root.calendar.monthsLater(root.cursor, months))
     }
 

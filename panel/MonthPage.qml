@@ -27,6 +27,12 @@ ColumnLayout {
 
     spacing: 6
 
+    Keys.onPressed: event => {
+        const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+        event.accepted = isReturn && (event.modifiers & Qt.ControlModifier) !== 0
+        if (event.accepted && !event.isAutoRepeat)
+            root.picked(root.cursor)
+    }
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
 
@@ -35,6 +41,7 @@ ColumnLayout {
             display: T.AbstractButton.IconOnly
             font { family: Theme.body.family; pixelSize: grid.textSize }
             symbol: root.mirrored ? "chevron.right" : "chevron.left"
+            //: Button of the calendar, an arrow.
             text: qsTr("Previous month")
             onClicked: root.turn(-1)
         }
@@ -51,6 +58,7 @@ ColumnLayout {
             display: T.AbstractButton.IconOnly
             font { family: Theme.body.family; pixelSize: grid.textSize }
             symbol: root.mirrored ? "chevron.left" : "chevron.right"
+            //: Button of the calendar, an arrow.
             text: qsTr("Next month")
             onClicked: root.turn(1)
         }

@@ -19,7 +19,11 @@ PanelContent::PanelContent(const Platform &platform, const QLocale &locale)
       activeCount_{store_.activeCount()}
 {
     AccessibleItem::install();
-    connect(&store_, &TrialStore::objectWillChange, this, &PanelContent::rebuildSoon);
+    // The signal comes before the change: the new list can be read in the next turn.
+    connect(&store_, &TrialStore::objectWillChange, this, [this] {
+        storeChanged_ = true;
+        rebuildSoon();
+    });
 }
 
 void PanelContent::rebuild()
@@ -43,13 +47,14 @@ double PanelContent::cost(const QString &text)
 
 void PanelContent::rebuildSoon()
 {
-    // The signal comes before the change: the new list can be read once control is back here.
     if (!std::exchange(rebuildPending_, true)) {
         QMetaObject::invokeMethod(
             this,
             [this] {
                 rebuildPending_ = false;
-                trials_.takeOverTrials();
+                if (std::exchange(storeChanged_, false)) {
+                    trials_.takeOverTrials();
+                }
                 rebuild();
             },
             Qt::QueuedConnection);

@@ -16,16 +16,16 @@ namespace norvane {
 /// What the panel works on: the program's one store, and what of it is shown.
 ///
 /// Everything shown that depends on the list or on the time is computed in a rebuild and stays as
-/// it is until the next. A change of the store asks for one; however many changes a turn of the
-/// event loop brings, one rebuild follows them.
+/// it is until the next. Changes of the store and of what is entered ask for one; however many
+/// a turn of the event loop brings, one rebuild follows them.
 class PanelContent : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made at launch")
-    Q_PROPERTY(norvane::TrialStore *store READ store CONSTANT)
-    Q_PROPERTY(norvane::TrialListModel *trials READ trials CONSTANT)
-    Q_PROPERTY(norvane::UserCalendar *calendar READ calendar CONSTANT)
-    Q_PROPERTY(int activeCount READ activeCount NOTIFY rebuilt)
+    Q_PROPERTY(norvane::TrialStore *store READ store CONSTANT FINAL)
+    Q_PROPERTY(norvane::TrialListModel *trials READ trials CONSTANT FINAL)
+    Q_PROPERTY(norvane::UserCalendar *calendar READ calendar CONSTANT FINAL)
+    Q_PROPERTY(int activeCount READ activeCount NOTIFY rebuilt FINAL)
 
 public:
     /// Makes the store, which loads the trials and plans their reminders. Borrows the platform;
@@ -40,6 +40,8 @@ public:
 
     /// Recomputes everything shown from the store and the current time.
     Q_INVOKABLE void rebuild();
+    /// The same, once in the next turn of the event loop, however often it is asked for until then.
+    Q_INVOKABLE void rebuildSoon();
 
     /// The end date that the form proposes: seven days from now.
     [[nodiscard]] Q_INVOKABLE norvane::PointInTime weekFromNow() const;
@@ -50,13 +52,12 @@ signals:
     void rebuilt();
 
 private:
-    void rebuildSoon();
-
     const Clock &clock_;
     TrialStore store_;
     TrialListModel trials_;
     UserCalendar calendar_;
     int activeCount_;
+    bool storeChanged_ = false; ///< Since the rows were last taken over.
     bool rebuildPending_ = false;
 };
 

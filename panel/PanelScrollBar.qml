@@ -10,7 +10,7 @@ T.ScrollBar {
 
     implicitWidth: 10
     padding: 2
-    minimumSize: 0.06
+    minimumSize: Math.min(1, 24 / root.availableHeight) // The handle is at least 24 pixels long.
     visible: root.size < 1 && root.height > 4 * root.width
     Accessible.role: Accessible.ScrollBar
 

@@ -7,8 +7,8 @@ import QtQuick.Templates as T
 
 import org.norvane.panel
 
-// A padded column of items. Where it is higher than its room it scrolls, by itself to whatever gets
-// the keyboard.
+// A padded column of items. It scrolls where there is not enough room for it, and always brings the
+// item that has the keyboard focus into view.
 FocusScope {
     id: root
 

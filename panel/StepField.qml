@@ -5,8 +5,9 @@ import QtQuick
 
 import org.norvane.panel
 
-// One part of a moment, the day or the time of day: typed, or stepped with arrow keys and wheel.
-// What is typed counts once it is finished; what is no day or time gives way to what was there.
+// One part of a moment, the day or the time of day: typed, or stepped with the arrow keys and, while
+// it has the focus, the wheel. What is typed counts once the field is left, by Return and when the
+// form is submitted; a text that is no day or time is then replaced by the old value.
 FormTextField {
     id: root
 
@@ -19,10 +20,14 @@ FormTextField {
 
     signal edited(moment: pointInTime)
 
-    function commit() {
-        if (root.text !== root.shown)
+    // Takes over what is typed, or puts the old value back; returns whether it was understood.
+    function commit(): bool {
+        const changed = root.text !== root.shown
+        const understood = !changed || root.calendar.understands(root.moment, root.part, root.text)
+        if (changed)
             root.edited(root.calendar.typed(root.moment, root.part, root.text, root.timeOfDay))
-        root.text = Qt.binding(() => root.shown) // Also where nothing came of it.
+        root.text = Qt.binding(() => root.shown)
+        return understood
     }
 
     function step(position: int, steps: int) {
@@ -42,8 +47,12 @@ FormTextField {
     implicitWidth: Math.ceil(metrics.advanceWidth) + root.leftPadding + root.rightPadding + 4
     text: root.shown
 
-    onActiveFocusChanged: if (root.activeFocus && root.focusReason !== Qt.MouseFocusReason) root.selectAll()
-    onEditingFinished: root.commit()
+    onActiveFocusChanged: {
+        const keepsSelection = root.focusReason === Qt.MouseFocusReason || root.focusReason === Qt.PopupFocusReason
+        if (root.activeFocus && !keepsSelection)
+            root.selectAll()
+    }
+    onEditingFinished: if (!root.menuOpen) root.commit()
     Keys.onUpPressed: root.stepAtCursor(1)
     Keys.onDownPressed: root.stepAtCursor(-1)
 
@@ -53,18 +62,8 @@ FormTextField {
         font: root.font
         text: root.calendar.widest(root.part)
     }
-    WheelHandler {
-        // In eighths of a degree. A notch has 15 degrees; a touchpad sends it in pieces.
-        property int angle: 0
-
-        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-        onWheel: event => {
-            const notch = 120
-            angle += event.angleDelta.y
-            const steps = Math.trunc(angle / notch)
-            angle -= steps * notch
-            if (steps !== 0)
-                root.step(root.positionAt(event.x, event.y), steps)
-        }
+    WheelSteps {
+        enabled: root.activeFocus // Elsewhere the wheel scrolls the form.
+        onStepped: (steps, x, y) => root.step(root.positionAt(x, y), steps)
     }
 }

@@ -111,6 +111,12 @@ QString UserCalendar::text(PointInTime moment, Part part) const
     return minute ? format(part).shown(*minute).text : QString{};
 }
 
+bool UserCalendar::understands(PointInTime moment, Part part, const QString &text) const
+{
+    const std::optional<WallClockMinute> before = calendars_.current().minuteOf(moment);
+    return before && format(part).read(text, *before);
+}
+
 PointInTime UserCalendar::typed(PointInTime moment, Part part, const QString &text,
                                 PointInTime timeOfDay) const
 {
@@ -234,7 +240,10 @@ QString UserCalendar::dayOfMonth(int day) const
 
 QString UserCalendar::spokenDay(int day) const
 {
-    return locale_.toString(dateOf(day), QLocale::LongFormat);
+    const QDate date = dateOf(day);
+    const QString words = locale_.toString(date, QLocale::LongFormat);
+    const bool hasWeekday = locale_.dateFormat(QLocale::LongFormat).contains(QStringLiteral("ddd"));
+    return hasWeekday ? words : locale_.dayName(date.dayOfWeek()) + u", " + words;
 }
 
 } // namespace norvane

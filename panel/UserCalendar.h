@@ -40,6 +40,10 @@ public:
 
     [[nodiscard]] Q_INVOKABLE QString text(norvane::PointInTime moment,
                                            norvane::UserCalendar::Part part) const;
+    /// Whether a text that was typed over one of the moment's parts can be understood.
+    [[nodiscard]] Q_INVOKABLE bool understands(norvane::PointInTime moment,
+                                               norvane::UserCalendar::Part part,
+                                               const QString &text) const;
     /// The moment after a text was typed over one of its parts. `timeOfDay` has the time that a
     /// typed date is to have.
     [[nodiscard]] Q_INVOKABLE norvane::PointInTime typed(norvane::PointInTime moment,
@@ -84,7 +88,7 @@ public:
     /// The day of the week in as few letters as the locale has for it.
     [[nodiscard]] Q_INVOKABLE QString weekday(int day) const;
     [[nodiscard]] Q_INVOKABLE QString dayOfMonth(int day) const;
-    /// The date in words, for a screen reader.
+    /// The date in words, its day of the week among them, for a screen reader.
     [[nodiscard]] Q_INVOKABLE QString spokenDay(int day) const;
 
 signals:

@@ -10,6 +10,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
+#include <QClipboard>
 #include <QDateTime>
 #include <QGuiApplication>
 #include <QQmlEngine>
@@ -160,8 +161,9 @@ QQuickItem *PanelFixture::find(QQuickItem *anywhere, const QString &name,
 
 QQuickItem *PanelFixture::text(QQuickItem *anywhere, const QString &text) const
 {
-    return first(anywhere->window()->contentItem(),
-                 [&](QQuickItem *item) { return item->property("text").toString() == text; });
+    return first(anywhere->window()->contentItem(), [&](QQuickItem *item) {
+        return item->property("text").toString().remove(u'\u2068').remove(u'\u2069') == text;
+    });
 }
 
 QString PanelFixture::nameOf(QQuickItem *item) const
@@ -271,6 +273,11 @@ double PanelFixture::edgeContrast(QQuickItem *item) const
 QColor PanelFixture::pixel(QQuickItem *item, double x, double y) const
 {
     return shownColor(item, {x, y});
+}
+
+void PanelFixture::setClipboard(const QString &text) const
+{
+    QGuiApplication::clipboard()->setText(text);
 }
 
 void PanelFixture::setPalette(const QString &name) const

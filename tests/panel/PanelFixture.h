@@ -47,7 +47,7 @@ public:
     /// The visible item with this accessible name, and description where one is given.
     Q_INVOKABLE [[nodiscard]] QQuickItem *find(QQuickItem *anywhere, const QString &name,
                                                const QString &description = {}) const;
-    /// The visible item that shows exactly this text.
+    /// The visible item that shows exactly this text, without the marks that isolate a name.
     Q_INVOKABLE [[nodiscard]] QQuickItem *text(QQuickItem *anywhere, const QString &text) const;
     Q_INVOKABLE [[nodiscard]] QString nameOf(QQuickItem *item) const;
     Q_INVOKABLE [[nodiscard]] QString descriptionOf(QQuickItem *item) const;
@@ -74,6 +74,8 @@ public:
     Q_INVOKABLE [[nodiscard]] double edgeContrast(QQuickItem *item) const;
     /// The colour on the screen at a place in an item.
     Q_INVOKABLE [[nodiscard]] QColor pixel(QQuickItem *item, double x, double y) const;
+
+    Q_INVOKABLE void setClipboard(const QString &text) const;
 
     /// "light" or "dark", with "more contrast" behind it or not, or the name of a colour for
     /// everything's background.

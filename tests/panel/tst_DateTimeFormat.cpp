@@ -115,6 +115,49 @@ private slots:
                                               << "٢٤/١٢/٢٠٢٦" << day(2026, 12, 24);
         QTest::newRow("a month's name") << "C"
                                         << "24 Dec 2026" << day(2026, 12, 24);
+        QTest::newRow("no marks") << "de_DE"
+                                  << "24122026" << day(2026, 12, 24);
+        QTest::newRow("no marks, two digits of the year") << "de_DE"
+                                                          << "241226" << day(2026, 12, 24);
+        QTest::newRow("no marks, month first") << "en_US"
+                                               << "12242026" << day(2026, 12, 24);
+        QTest::newRow("no marks, year first") << "ja_JP"
+                                              << "20261224" << day(2026, 12, 24);
+        QTest::newRow("no marks, year first where it is last") << "de_DE"
+                                                               << "20261224" << day(2026, 12, 24);
+        QTest::newRow("year, month, day where it is the other way round")
+            << "de_DE"
+            << "2026-12-24" << day(2026, 12, 24);
+        QTest::newRow("year, month, day among other marks") << "bg_BG"
+                                                            << "2026-12-24" << day(2026, 12, 24);
+        QTest::newRow("the locale's order before another") << "en_US"
+                                                           << "4/5/2026" << day(2026, 4, 5);
+        QTest::newRow("another order where there is no such month")
+            << "en_US"
+            << "24.12.2026" << day(2026, 12, 24);
+        QTest::newRow("month first where there is no such month")
+            << "de_DE"
+            << "12/24/2026" << day(2026, 12, 24);
+        QTest::newRow("another order, no year") << "de_DE"
+                                                << "12/24" << day(2025, 12, 24);
+        QTest::newRow("the last two-digit year") << "de_DE"
+                                                 << "1.1.99" << day(2099, 1, 1);
+        QTest::newRow("the first two-digit year") << "de_DE"
+                                                  << "1.1.00" << day(2000, 1, 1);
+        QTest::newRow("a month's name behind the day") << "en_US"
+                                                       << "1 Dec 2026" << day(2026, 12, 1);
+        QTest::newRow("a month's name in front") << "en_US"
+                                                 << "December 1, 2026" << day(2026, 12, 1);
+        QTest::newRow("a day of the week") << "de_DE"
+                                           << "Donnerstag, 24. Dezember 2026" << day(2026, 12, 24);
+        QTest::newRow("words between") << "es_ES"
+                                       << "24 de diciembre de 2026" << day(2026, 12, 24);
+        QTest::newRow("Japanese units") << "ja_JP"
+                                        << "2026年12月24日" << day(2026, 12, 24);
+        QTest::newRow("an ordinary blank before a unit") << "bg_BG"
+                                                         << "24.12.2026 г." << day(2026, 12, 24);
+        QTest::newRow("a narrow blank before a unit")
+            << "bg_BG" << QString::fromUtf8("24.12.2026\u202fг.") << day(2026, 12, 24);
         QTest::newRow("29 February in a leap year") << "de_DE"
                                                     << "29.2.2028" << day(2028, 2, 29);
     }
@@ -160,6 +203,10 @@ private slots:
                                                            << "6:45 a.m." << time(6, 45);
         QTest::newRow("a word that is no half of the day") << "de_DE"
                                                            << "18 Uhr" << time(18, 0);
+        QTest::newRow("a narrow blank")
+            << "en_US" << QString::fromUtf8("7:45\u202fPM") << time(19, 45);
+        QTest::newRow("blanks within the mark") << "en_US"
+                                                << "7:45 p. m." << time(19, 45);
         QTest::newRow("24 hours where 12 are shown") << "en_US"
                                                      << "19:45" << time(19, 45);
     }
@@ -178,9 +225,27 @@ private slots:
     {
         QTest::addColumn<QString>("typed");
 
-        for (const char *const typed : {"", "tomorrow", "31.2.2025", "29.2.2025", "0.1.2025",
-                                        "1.13.2025", "1.1.0000", "1.1.202", "1.1.20255", "1.1.1.1",
-                                        "24.12.2026 7", "001.1.2025", "99999999999999999999"}) {
+        for (const char *const typed : {"",
+                                        "tomorrow",
+                                        "31.2.2025",
+                                        "29.2.2025",
+                                        "0.1.2025",
+                                        "13.13.2025",
+                                        "1.1.0000",
+                                        "1.1.202",
+                                        "1.1.20255",
+                                        "1.1.1.1",
+                                        "24.12.2026 7",
+                                        "001.1.2025",
+                                        "99999999999999999999",
+                                        "in 2 weeks",
+                                        "2412",
+                                        "2026",
+                                        "31022025",
+                                        "311302",
+                                        "24 Dez 12 2026",
+                                        "2026-13-32",
+                                        "31.2.25"}) {
             QTest::newRow(typed) << typed;
         }
     }

@@ -55,9 +55,10 @@ PanelTest {
         compare(chosen(), at("2025-02-14T22:29:15"))
     }
 
-    function test_theWheelStepsTheFieldBelowThePointer() {
+    function test_theWheelStepsTheFieldBelowThePointerWhileItHasTheFocus() {
         openForm("de_DE")
         const field = day()
+        field.forceActiveFocus(Qt.TabFocusReason)
 
         mouseWheel(field, field.leftPadding + 4, field.height / 2, 0, 120)
         compare(field.text, "16.01.2025")
@@ -67,6 +68,30 @@ PanelTest {
         compare(field.text, "14.01.2025")
         mouseWheel(field, field.leftPadding + 30, field.height / 2, 0, 60)
         compare(field.text, "14.02.2025")
+    }
+
+    function test_withoutTheFocusTheWheelScrollsTheForm() {
+        fixture.setFontPixels(34)
+        openForm("de_DE")
+        const top = day().mapToItem(panel, 0, 0).y
+
+        mouseWheel(day(), 10, 10, 0, -120)
+
+        compare(day().text, "15.01.2025")
+        tryVerify(() => day().mapToItem(panel, 0, 0).y < top)
+    }
+
+    function test_theWheelOverTheCalendarTurnsItsMonths() {
+        openForm()
+        openCalendar()
+        const grid = focusItem().parent
+
+        mouseWheel(grid, 20, 20, 0, -120)
+        found("February 2025")
+        mouseWheel(grid, 20, 20, 0, 240)
+        found("December 2024")
+
+        compare(chosen(), 7 * 86400)
     }
 
     function test_aTypedDayCountsWhenTheFieldIsLeft() {
@@ -119,6 +144,43 @@ PanelTest {
         compare(chosen(), 7 * 86400)
     }
 
+    function submitWithKeys() { keyClick(Qt.Key_Return, Qt.ControlModifier) }
+    function submitWithMouse() { click("Track Trial") }
+
+    function test_aFormWithATextThatIsNoDateIsNotSubmitted_data() {
+        return [{ tag: "day, by keys", field: day, old: "1/15/2025", submit: submitWithKeys },
+                { tag: "day, by mouse", field: day, old: "1/15/2025", submit: submitWithMouse },
+                { tag: "time, by keys", field: time, old: "9:30 AM", submit: submitWithKeys },
+                { tag: "time, by mouse", field: time, old: "9:30 AM", submit: submitWithMouse }]
+    }
+    function test_aFormWithATextThatIsNoDateIsNotSubmitted(data) {
+        const panel = openForm()
+        type("Acme")
+        data.field().forceActiveFocus(Qt.TabFocusReason)
+        type("soon")
+
+        data.submit()
+
+        compare(fixture.names(), [])
+        verify(panel.showingAdd)
+        compare([data.field().text, data.field().selectedText], [data.old, data.old])
+        compare(focusItem(), data.field())
+        data.submit() // Now everything that will be stored has been seen.
+        compare(fixture.names(), ["Acme"])
+        compare(fixture.end(0), 7 * 86400)
+    }
+
+    function test_aPressOnTrackTrialTakesATypedDate() {
+        openForm()
+        type("Acme")
+        day().forceActiveFocus(Qt.TabFocusReason)
+        type("2/1/2025")
+
+        click("Track Trial")
+
+        compare(fixture.end(0), at("2025-02-01T09:30:15"))
+    }
+
     function test_steppingFinishesWhatWasTyped() {
         openForm()
         day().forceActiveFocus(Qt.TabFocusReason)
@@ -156,10 +218,9 @@ PanelTest {
         openForm()
         openCalendar()
 
-        compare(focusName(), "Wednesday, January 15, 2025")
-        verify(found("Wednesday, January 8, 2025", "Today").today)
-        compare(fixture.descriptionOf(found("Wednesday, January 15, 2025")), "")
-        verify(found("Wednesday, January 15, 2025").selected)
+        compare(focusName(), "Wednesday, January 15, 2025, selected")
+        verify(found("Wednesday, January 15, 2025, selected").selected)
+        verify(found("Wednesday, January 8, 2025, today").today)
     }
 
     function test_theCalendarsWeekBeginsAsInTheLocale_data() {
@@ -182,7 +243,7 @@ PanelTest {
         compare(focusName(), "Thursday, January 23, 2025")
         keyClick(Qt.Key_Left)
         keyClick(Qt.Key_Up)
-        compare(focusName(), "Wednesday, January 15, 2025")
+        compare(focusName(), "Wednesday, January 15, 2025, selected")
         keyClick(Qt.Key_PageDown)
         compare(focusName(), "Saturday, February 15, 2025")
         keyClick(Qt.Key_PageUp)
@@ -232,18 +293,45 @@ PanelTest {
         found("February 2025")
     }
 
-    function test_theShortcutsRestWhileTheCalendarIsOpen() {
+    function test_controlReturnPicksInTheCalendarAndTheNextOneTracks_data() {
+        return [{ tag: "from a day", tabs: 0 }, { tag: "from a button", tabs: 1 }]
+    }
+    function test_controlReturnPicksInTheCalendarAndTheNextOneTracks(data) {
         const panel = openForm()
         type("Acme")
         openCalendar()
+        keyClick(Qt.Key_Right)
+        for (let tab = 0; tab < data.tabs; ++tab)
+            keyClick(Qt.Key_Tab)
 
         keyClick(Qt.Key_Return, Qt.ControlModifier)
 
+        verify(!find("January 2025"))
         compare(fixture.names(), [])
-        verify(panel.showingAdd)
+        compare(day().text, "1/16/2025")
+        keyClick(Qt.Key_Return, Qt.ControlModifier)
+        compare(fixture.names(), ["Acme"])
+        compare(fixture.end(0), 8 * 86400)
+    }
+
+    function test_controlEscapeLeavesTheFormWhileTheCalendarIsOpen() {
+        const panel = openForm()
         openCalendar()
+
         keyClick(Qt.Key_Escape, Qt.ControlModifier)
+
         verify(panel.showingAdd)
+    }
+
+    function test_theMonthIsMadeWhenItIsOpenedAndGoesWhenItIsClosed() {
+        openForm()
+        compare(fixture.countOf(test.Window.contentItem, "DayCell"), 0)
+
+        openCalendar()
+        compare(fixture.countOf(test.Window.contentItem, "DayCell"), 42)
+        keyClick(Qt.Key_Escape)
+
+        tryVerify(() => fixture.countOf(test.Window.contentItem, "DayCell") === 0)
     }
 
     function test_mirroredTheArrowsPointTheWayTheDaysRun() {
@@ -254,7 +342,7 @@ PanelTest {
         keyClick(Qt.Key_Left)
 
         compare(focusName(), "Thursday, January 16, 2025")
-        verify(found("Thursday, January 16, 2025").mapToItem(test, 0, 0).x < found("Wednesday, January 15, 2025").mapToItem(test, 0, 0).x)
+        verify(found("Thursday, January 16, 2025").mapToItem(test, 0, 0).x < found("Wednesday, January 15, 2025, selected").mapToItem(test, 0, 0).x)
     }
 
     function test_theFieldAndItsCalendarFitAtEveryTextSize_data() {

@@ -9,6 +9,8 @@ PanelTest {
 
     name: "form"
 
+    SignalSpy { id: rebuilds; signalName: "rebuilt" }
+
     function test_theNameFieldHasTheFocusWhenTheFormOpens() {
         open([])
 
@@ -58,6 +60,160 @@ PanelTest {
 
         compare(fixture.names(), ["Acme"])
         compare(fixture.cost(0), data.cost)
+    }
+
+    function paste(text) {
+        fixture.setClipboard(text)
+        keyClick(Qt.Key_V, Qt.ControlModifier)
+    }
+
+    function test_theBreaksAtTheEndsOfAPastedTextGoAndThoseInsideAreBlanks_data() {
+        return [{ tag: "behind it", pasted: "15.49\n", text: "15.49" },
+                { tag: "before it", pasted: "\r\n15.49", text: "15.49" },
+                { tag: "inside it", pasted: "a\nb\r\nc\td", text: "a b c d" },
+                { tag: "of Unicode", pasted: "\u2028a\u2029b\u0085", text: "a b" },
+                { tag: "tabs around it", pasted: "\t15.49\t", text: "15.49" },
+                { tag: "nothing else", pasted: "\n\n", text: "" },
+                { tag: "none", pasted: " 15.49 ", text: " 15.49 " }]
+    }
+    function test_theBreaksAtTheEndsOfAPastedTextGoAndThoseInsideAreBlanks(data) {
+        const panel = open([])
+        click("Add Trial")
+
+        paste(data.pasted)
+        find("Monthly cost after trial").forceActiveFocus()
+        paste(data.pasted)
+
+        compare([panel.newName, find("Service name").text], [data.text, data.text])
+        compare([panel.newCost, find("Monthly cost after trial").text], [data.text, data.text])
+    }
+
+    function test_aPastedLineIsPutWhereTheCursorIsAndUndoTakesItBack() {
+        const panel = open([])
+        click("Add Trial")
+        type("one two three")
+        const field = find("Service name")
+        field.select(4, 7)
+
+        paste("\nt\nw\n")
+
+        compare(panel.newName, "one t w three")
+        compare(field.cursorPosition, 7)
+        keyClick(Qt.Key_Z, Qt.ControlModifier)
+        compare(panel.newName, "one two three")
+    }
+
+    function openMenu(field) {
+        mouseClick(field, field.width - 8, field.height / 2, Qt.RightButton)
+        found("Select All")
+        return field
+    }
+
+    function test_theContextMenuEditsTheTextWithTheMouseAlone() {
+        const panel = open([])
+        click("Add Trial")
+        const field = found("Service name")
+        fixture.setClipboard("Netflix\n")
+
+        openMenu(field)
+        click("Paste")
+        compare(panel.newName, "Netflix")
+        openMenu(field)
+        click("Select All")
+        compare(field.selectedText, "Netflix")
+        openMenu(field)
+        click("Copy")
+        openMenu(field)
+        click("Delete")
+        compare(panel.newName, "")
+        openMenu(field)
+        click("Undo")
+        compare(panel.newName, "Netflix")
+        field.selectAll()
+        openMenu(field)
+        click("Cut")
+        compare(panel.newName, "")
+        compare(focusItem(), field)
+    }
+
+    function test_theMenuKeyOpensTheContextMenuForTheKeyboard_data() {
+        return [{ tag: "menu key", key: Qt.Key_Menu, modifiers: Qt.NoModifier },
+                { tag: "Shift+F10", key: Qt.Key_F10, modifiers: Qt.ShiftModifier }]
+    }
+    function test_theMenuKeyOpensTheContextMenuForTheKeyboard(data) {
+        const panel = open([])
+        click("Add Trial")
+        type("ab")
+
+        keyClick(data.key, data.modifiers)
+        found("Select All")
+        keyClick(Qt.Key_Down)
+        compare(focusName(), "Undo")
+        keyClick(Qt.Key_Return)
+
+        tryVerify(() => !find("Select All"))
+        compare(panel.newName, "")
+        compare(focusName(), "Service name")
+    }
+
+    function test_theContextMenuOffersWhatCanBeDone() {
+        open([])
+        click("Add Trial")
+        fixture.setClipboard("Netflix")
+        const field = find("Service name")
+
+        openMenu(field)
+
+        const offered = ["Undo", "Cut", "Copy", "Paste", "Delete", "Select All"].map(name => found(name).enabled)
+        compare(offered, [false, false, false, true, false, false])
+        keyClick(Qt.Key_Escape)
+        tryVerify(() => !find("Select All"))
+        compare(focusItem(), field)
+    }
+
+    function test_aHalfTypedDateIsNotFinishedByTheContextMenu() {
+        open([])
+        click("Add Trial")
+        const field = find("Trial ends", "Day")
+        field.forceActiveFocus(Qt.TabFocusReason)
+        type("2/3/20")
+
+        openMenu(field)
+        compare(field.text, "2/3/20")
+        keyClick(Qt.Key_Escape)
+
+        tryVerify(() => !find("Select All"))
+        compare(field.text, "2/3/20")
+        type("25")
+        keyClick(Qt.Key_Tab)
+        compare(field.text, "2/3/2025")
+    }
+
+    function test_onePressOnTrackTrialIsOneRebuild() {
+        const panel = open([])
+        click("Add Trial")
+        type("Acme")
+        wait(0)
+        rebuilds.target = panel.content
+        rebuilds.clear()
+
+        keyClick(Qt.Key_Return, Qt.ControlModifier)
+
+        found("Acme, 7d left")
+        compare(rebuilds.count, 1)
+    }
+
+    function test_aPastedCostWithALineBreakIsStoredAsItIsShown() {
+        open([])
+        click("Add Trial")
+        paste("Netflix\n")
+        find("Monthly cost after trial").forceActiveFocus()
+        paste("15.49\n")
+
+        keyClick(Qt.Key_Return, Qt.ControlModifier)
+
+        compare(fixture.names(), ["Netflix"])
+        compare(fixture.cost(0), 15.49)
     }
 
     function test_controlEscapeCancelsAndKeepsThePickedDate() {

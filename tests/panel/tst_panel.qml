@@ -25,6 +25,13 @@ PanelTest {
         verify(quit.mapToItem(panel, quit.width, 0).x > 340)
     }
 
+    function test_theNumberOfActiveTrialsChoosesThePluralOfALanguageThatHasSome() {
+        fixture.translate("%lld active", "plural of %n: %lld")
+        open([{ name: "Acme", hours: 50, cost: 0 }, { name: "Radio", hours: 50, cost: 0 }])
+
+        verify(find("plural of 2: 2"))
+    }
+
     function test_endedTrialsAreListedButNotActive() {
         open([{ name: "Acme", hours: -50, cost: 0 }])
 
@@ -114,8 +121,8 @@ PanelTest {
 
         click("Add Trial") // The panel's own state changed.
 
-        verify(find("0 active"))
-        verify(find("Acme, 0d left"))
+        found("0 active")
+        found("Acme, 0d left")
     }
 
     function test_aPanelThatComesOnScreenShowsTheCurrentDays() {
