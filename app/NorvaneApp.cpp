@@ -99,6 +99,7 @@ void notifyDirectly(const QDBusConnection &bus, const QString &text)
 
 int failAsSecondOfUser(const QDBusConnection &bus)
 {
+    //: Shown as a notification before the program ends, because of the other session.
     constexpr const char *reason = QT_TRANSLATE_NOOP(
         "NorvaneApp", "Norvane is already running in another session of this user.");
     if (bus.isConnected()) {

@@ -12,8 +12,11 @@ ColumnLayout {
     id: root
 
     required property string title
-    required property string name
+    required property string shownName
+    required property string spokenName
 
+    //: Explains the question whether to delete a trial. %@ is the name of the service; keep the straight quotes.
+    readonly property string question: qsTr("Remove \"%@\" from Norvane?")
     readonly property real line: message.implicitHeight / message.lineCount
 
     signal confirmed()
@@ -60,20 +63,24 @@ ColumnLayout {
         contentHeight: message.implicitHeight
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        T.ScrollBar.vertical: PanelScrollBar {}
+        T.ScrollBar.vertical: PanelScrollBar { id: bar }
+        // Into the alert's padding, so that the scroll bar does not lie over the text.
+        Layout.leftMargin: -bar.width
+        Layout.rightMargin: -bar.width
         Layout.fillWidth: true
         Layout.fillHeight: true
 
         Text {
             id: message
 
-            width: scroll.width
+            x: bar.width
+            width: scroll.width - 2 * bar.width
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
-            text: Phrase.with(qsTr("Remove \"%@\" from Norvane?"), root.name)
+            text: Phrase.with(root.question, root.shownName)
             textFormat: Text.PlainText
             Accessible.role: Accessible.StaticText
-            Accessible.name: text
+            Accessible.name: Phrase.with(root.question, root.spokenName)
             font: Theme.body
             color: Theme.primary
         }
@@ -92,6 +99,7 @@ ColumnLayout {
         FormButton {
             id: deleteButton
 
+            //: Button that deletes the trial, below the question.
             text: qsTr("Delete")
             weight: FormButton.Destructive
             Layout.preferredWidth: answers.widest
@@ -101,6 +109,7 @@ ColumnLayout {
         FormButton {
             id: cancelButton
 
+            //: Button that keeps the trial, below the question whether to delete it.
             text: qsTr("Cancel")
             Layout.preferredWidth: answers.widest
             Layout.fillWidth: true

@@ -43,7 +43,8 @@ Rectangle {
         if (root.newName === "")
             return
         root.store.add(root.newName, root.newEndDate, root.content.cost(root.newCost), root.newNotes)
-        root.announce(Phrase.with(qsTr("%@ added"), root.newName))
+        //: What a screen reader says once a trial was added. %@ is its name.
+        root.announce(Phrase.with(qsTr("%@ added"), root.content.spoken(root.newName)))
         root.emptyForm()
         root.newEndDate = root.content.weekFromNow()
         root.showingAdd = false
@@ -157,7 +158,8 @@ Rectangle {
 
             onDelete_: trial => {
                 root.store.delete_(trial)
-                root.announce(Phrase.with(qsTr("%@ deleted"), trial.name))
+                //: What a screen reader says once a trial was deleted. %@ is its name.
+                root.announce(Phrase.with(qsTr("%@ deleted"), root.content.spoken(trial.name)))
             }
             onEmptied: root.takeFocus()
         }

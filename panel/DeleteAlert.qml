@@ -8,7 +8,8 @@ import QtQuick.Templates as T
 T.Dialog {
     id: root
 
-    required property string name
+    required property string shownName
+    required property string spokenName
 
     signal confirmed()
 
@@ -21,6 +22,7 @@ T.Dialog {
     focus: true
     visible: true
     closePolicy: T.Popup.CloseOnEscape
+    //: Title of the question whether to delete a trial.
     title: qsTr("Delete Trial?")
 
     T.Overlay.modal: Rectangle {
@@ -34,7 +36,8 @@ T.Dialog {
     }
     contentItem: AlertContent {
         title: root.title
-        name: root.name
+        shownName: root.shownName
+        spokenName: root.spokenName
 
         Component.onCompleted: focusCancel()
         onConfirmed: {

@@ -38,6 +38,7 @@ Item {
             visible: root.height >= title.implicitHeight
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WordWrap
+            //: Stands in the place of the list while it is empty.
             text: qsTr("No trials tracked")
             textFormat: Text.PlainText
             Accessible.role: Accessible.StaticText
@@ -52,6 +53,7 @@ Item {
             visible: root.height >= root.heightOfTexts
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WordWrap
+            //: Stands below "No trials tracked".
             text: qsTr("Add a free trial to get started")
             textFormat: Text.PlainText
             Accessible.role: Accessible.StaticText

@@ -5,6 +5,7 @@
 
 #include "model/record/Cost.h"
 #include "panel/AccessibleItem.h"
+#include "panel/TrialPresentation.h"
 #include "platform/Clock.h"
 
 #include <utility>
@@ -38,6 +39,11 @@ PointInTime PanelContent::weekFromNow() const
 {
     constexpr double week = 604'800;
     return clock_.now().advanced(week);
+}
+
+QString PanelContent::spoken(const QString &name)
+{
+    return TrialPresentation::spoken(name);
 }
 
 double PanelContent::cost(const QString &text)

@@ -45,6 +45,8 @@ public:
 
     /// The end date that the form proposes: seven days from now.
     [[nodiscard]] Q_INVOKABLE norvane::PointInTime weekFromNow() const;
+    /// A name as a screen reader is to say it.
+    [[nodiscard]] Q_INVOKABLE static QString spoken(const QString &name);
     /// The cost that a text typed into the form stands for; 0 where it is no number.
     [[nodiscard]] Q_INVOKABLE static double cost(const QString &text);
 

@@ -29,6 +29,7 @@ Item {
             id: addButton
 
             visible: !root.showingAdd
+            //: Button that opens the form for a new trial.
             text: qsTr("Add Trial")
             symbol: "plus.circle.fill"
             Layout.margins: -addButton.padding
@@ -40,6 +41,7 @@ Item {
         PlainButton {
             id: quitButton
 
+            //: Button that ends the program.
             text: qsTr("Quit")
             color: Theme.secondary
             Layout.margins: -quitButton.padding

@@ -33,6 +33,7 @@ Item {
 
             horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
+            //: The name of the program. It is the same in every language.
             text: qsTr("Norvane")
             textFormat: Text.PlainText
             Accessible.role: Accessible.StaticText
@@ -44,7 +45,8 @@ Item {
         Text {
             id: count
 
-            text: Phrase.with(qsTr("%lld active"), root.activeCount.toString())
+            //: How many trials have not ended yet. %lld is their number.
+            text: Phrase.with(qsTr("%lld active", "", root.activeCount), root.activeCount.toString())
             textFormat: Text.PlainText
             Accessible.role: Accessible.StaticText
             Accessible.name: text

@@ -14,4 +14,11 @@ QString Phrase::with(const QString &text, const QString &value)
     return text.split(placeholder).join(value);
 }
 
+int Phrase::pluralNumber(qint64 count) noexcept
+{
+    constexpr qint64 million = 1'000'000;
+    const qint64 lastDigits = count % million < 0 ? -(count % million) : count % million;
+    return static_cast<int>(count / million == 0 ? lastDigits : million + lastDigits);
+}
+
 } // namespace norvane

@@ -23,6 +23,12 @@ public:
     /// Both are mere data: nothing else in either has a meaning. A text without a placeholder
     /// stays as it is.
     [[nodiscard]] Q_INVOKABLE static QString with(const QString &text, const QString &value);
+
+    /// The number to ask for a plural form with: the count without its sign, or one with the same
+    /// plural where that is too large for the translator.
+    ///
+    /// A language's rules look at the count itself while it is small, and else at its last digits.
+    [[nodiscard]] static int pluralNumber(qint64 count) noexcept;
 };
 
 } // namespace norvane

@@ -58,8 +58,10 @@ ListView {
     T.ScrollBar.vertical: PanelScrollBar {}
 
     Accessible.role: Accessible.List
+    //: What a screen reader says of the list.
     Accessible.name: qsTr("Trials")
-    Accessible.description: Phrase.with(qsTr("%lld in total"), root.count.toString())
+    //: What a screen reader says of the list after its name. %lld is the number of trials in it.
+    Accessible.description: Phrase.with(qsTr("%lld in total", "", root.count), root.count.toString())
     Keys.onUpPressed: root.goTo(root.currentIndex - 1)
     Keys.onDownPressed: root.goTo(root.currentIndex + 1)
     Keys.onPressed: event => {

@@ -103,7 +103,7 @@ QVariant TrialListModel::data(const QModelIndex &index, int role) const
     case PresentationRole:
         return QVariant::fromValue(TrialPresentation::of(trial, asOf_, calendar_));
     case SentenceRole:
-        return TrialPresentation::of(trial, asOf_, calendar_).sentence(trial.name);
+        return TrialPresentation::of(trial, asOf_, calendar_).sentence();
     case PlaceRole:
         return place(index.row());
     default:
@@ -113,6 +113,8 @@ QVariant TrialListModel::data(const QModelIndex &index, int role) const
 
 QString TrialListModel::place(int row) const
 {
+    //: The place of a trial in the list, as in "3 of 12": %@ is the place, %lld the size of the
+    //: list.
     const QString ofAll = Phrase::with(QCoreApplication::translate("TrialRow", "%@ of %lld"),
                                        QString::number(rows_.size()));
     return Phrase::with(ofAll, QString::number(row + 1));

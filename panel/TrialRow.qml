@@ -101,7 +101,7 @@ Item {
                 id: name
 
                 horizontalAlignment: Text.AlignLeft
-                text: root.trial.name
+                text: root.presentation.shownName
                 textFormat: Text.PlainText
                 font: Theme.body
                 color: Theme.primary
@@ -130,6 +130,7 @@ Item {
         PlainButton {
             id: trash
 
+            //: What a screen reader says of a row's trash button.
             text: qsTr("Delete")
             display: T.AbstractButton.IconOnly
             symbol: "trash"
@@ -137,7 +138,7 @@ Item {
             color: Theme.secondary
             focusPolicy: Qt.ClickFocus
             activeFocusOnTab: root.stop || trash.activeFocus
-            Accessible.description: root.trial.name
+            Accessible.description: root.presentation.spokenName
             Layout.margins: -trash.padding
 
             onActiveFocusChanged: if (trash.activeFocus) root.arrive(trash, trash.focusReason)
@@ -176,7 +177,8 @@ Item {
         active: root.showDeleteConfirm
         delegate: DeleteAlert {
             parent: root
-            name: root.trial.name
+            shownName: root.presentation.shownName
+            spokenName: root.presentation.spokenName
 
             onConfirmed: root.delete_()
             onClosed: {

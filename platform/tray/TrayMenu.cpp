@@ -31,6 +31,7 @@ QVariantMap properties(int id, const QStringList &names)
     if (id == root) {
         all.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
     } else {
+        //: The one entry of the menu of the icon in the tray.
         all.insert(QStringLiteral("label"),
                    QCoreApplication::translate("TrayMenu", "Open Norvane"));
         all.insert(QStringLiteral("enabled"), true);

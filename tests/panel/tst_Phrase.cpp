@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 using namespace norvane;
 
 class TestPhrase final : public QObject {
@@ -52,6 +54,15 @@ private slots:
         QFETCH(const QString, value);
 
         QTEST(Phrase::with(text, value), "expected");
+    }
+
+    void aPluralIsAskedForWithTheCountOrItsLastDigits()
+    {
+        QCOMPARE(Phrase::pluralNumber(0), 0);
+        QCOMPARE(Phrase::pluralNumber(-21), 21);
+        QCOMPARE(Phrase::pluralNumber(999'999), 999'999);
+        QCOMPARE(Phrase::pluralNumber(5'000'000'001), 1'000'001);
+        QCOMPARE(Phrase::pluralNumber(std::numeric_limits<qint64>::min()), 1'775'808);
     }
 };
 

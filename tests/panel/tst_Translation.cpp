@@ -2,13 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/Translation.h"
+#include "panel/TrialPresentation.h"
 #include "tests/support/TestProgram.h"
+#include "time/Calendar.h"
 
 #include <QDir>
 #include <QGuiApplication>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
 #include <QXmlStreamReader>
 
 using namespace norvane;
@@ -18,8 +22,14 @@ namespace {
 struct Message {
     QString context;
     QString source;
+    QString forTranslator;
+    QStringList forms; ///< The translation, or one for each plural.
 
-    friend bool operator==(const Message &, const Message &) = default;
+    friend bool operator==(const Message &one, const Message &other)
+    {
+        return one.context == other.context && one.source == other.source &&
+               one.forTranslator == other.forTranslator;
+    }
 };
 
 QString sourceFile(const QString &name)
@@ -43,10 +53,24 @@ QList<Message> messages(const QString &path = sourceFile(QStringLiteral("norvane
         if (reader.name() == u"name") {
             context = reader.readElementText();
         } else if (reader.name() == u"source") {
-            messages.append({.context = context, .source = reader.readElementText()});
+            messages.append({.context = context,
+                             .source = reader.readElementText(),
+                             .forTranslator = {},
+                             .forms = {}});
+        } else if (reader.name() == u"extracomment") {
+            messages.last().forTranslator = reader.readElementText();
+        } else if (reader.name() == u"translation") {
+            const QString text =
+                reader.readElementText(QXmlStreamReader::IncludeChildElements).trimmed();
+            messages.last().forms = text.split(QRegularExpression{QStringLiteral("\\s*\n\\s*")});
         }
     }
     return messages;
+}
+
+QStringList languageFiles()
+{
+    return QDir{sourceFile({})}.entryList({QStringLiteral("norvane_*.ts")});
 }
 
 QString translated(const Message &message)
@@ -87,11 +111,18 @@ private slots:
 
     void everyLanguageHasTheTextsOfTheTemplate()
     {
-        const QStringList files = QDir{sourceFile({})}.entryList({QStringLiteral("norvane_*.ts")});
+        const QStringList files = languageFiles();
         QCOMPARE(files.count(), 5);
 
         for (const QString &file : files) {
             QVERIFY2(messages(sourceFile(file)) == messages(), qPrintable(file));
+        }
+    }
+
+    void everyTextHasASentenceForTheTranslator()
+    {
+        for (const Message &message : messages()) {
+            QVERIFY2(message.forTranslator.endsWith(u'.'), qPrintable(message.source));
         }
     }
 
@@ -111,18 +142,52 @@ private slots:
         }
     }
 
-    void everyTranslationHasItsPlaceholderOnce_data() { addLanguages(); }
-    void everyTranslationHasItsPlaceholderOnce()
+    void everyTranslationAndEachPluralHasItsPlaceholderOnce()
     {
-        QFETCH(const QString, locale);
-
-        const Translation translation{QLocale{locale}};
-
-        for (const Message &message : messages()) {
-            for (const auto &placeholder : {QStringLiteral("%lld"), QStringLiteral("%@")}) {
-                QCOMPARE(translated(message).count(placeholder), message.source.count(placeholder));
+        for (const QString &file : languageFiles()) {
+            for (const Message &message : messages(sourceFile(file))) {
+                for (const QString &form : message.forms) {
+                    for (const auto &placeholder : {QStringLiteral("%lld"), QStringLiteral("%@")}) {
+                        QVERIFY2(form.count(placeholder) == message.source.count(placeholder),
+                                 qPrintable(file + u' ' + form));
+                    }
+                }
             }
         }
+    }
+
+    void aLanguageWithSeveralPluralsShowsTheRightOne_data()
+    {
+        QTest::addColumn<int>("days");
+        QTest::addColumn<QString>("text");
+
+        QTest::newRow("one") << 1 << "1 dzień";
+        QTest::newRow("two") << 2 << "2 dni";
+        QTest::newRow("five") << 5 << "dni: 5";
+        QTest::newRow("twenty-two") << 22 << "22 dni";
+        QTest::newRow("one that is past") << -1 << "-1 dzień";
+        QTest::newRow("more than a translator can count") << 2'000'000'022 << "2000000022 dni";
+    }
+    void aLanguageWithSeveralPluralsShowsTheRightOne()
+    {
+        QFETCH(const int, days);
+        const QTemporaryDir folder;
+        const QString compiled = folder.filePath(QStringLiteral("pl.qm"));
+        QCOMPARE(QProcess::execute(QStringLiteral(NORVANE_LRELEASE),
+                                   {QStringLiteral("-silent"),
+                                    QStringLiteral(NORVANE_TEST_DATA "/plurals_pl.ts"),
+                                    QStringLiteral("-qm"), compiled}),
+                 0);
+        QTranslator polish;
+        QVERIFY(polish.load(compiled));
+        QVERIFY(QCoreApplication::installTranslator(&polish));
+
+        constexpr PointInTime now{758'017'815};
+        const PointInTime end = now.advanced(days * 86'400.0);
+        const auto shown = TrialPresentation::of(Trial::make({}, end, 0, {}, now), now,
+                                                 Calendar{QTimeZone::utc()});
+
+        QTEST(shown.daysText, "text");
     }
 
     void theNameStandsBetweenStraightQuotes_data() { addLanguages(); }
@@ -132,9 +197,10 @@ private slots:
 
         const Translation translation{QLocale{locale}};
 
-        const QString message =
-            translated({.context = QStringLiteral("AlertContent"),
-                        .source = QStringLiteral("Remove \"%@\" from Norvane?")});
+        const QString message = translated({.context = QStringLiteral("AlertContent"),
+                                            .source = QStringLiteral("Remove \"%@\" from Norvane?"),
+                                            .forTranslator = {},
+                                            .forms = {}});
         QCOMPARE(message.count(u'"'), 2);
     }
 
@@ -186,8 +252,10 @@ private slots:
 
         const Translation translation{languages.split(u' ', Qt::SkipEmptyParts)};
 
-        QTEST(translated(
-                  {.context = QStringLiteral("FormActions"), .source = QStringLiteral("Cancel")}),
+        QTEST(translated({.context = QStringLiteral("FormActions"),
+                          .source = QStringLiteral("Cancel"),
+                          .forTranslator = {},
+                          .forms = {}}),
               "cancel");
         QTEST(QGuiApplication::layoutDirection(), "direction");
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Templates as T
 import QtTest
 
 PanelTest {
@@ -92,7 +93,7 @@ PanelTest {
 
     function test_aVeryLongNameLeavesTheButtonsInSight_data() {
         return [{ tag: "words", name: "long name ".repeat(100), pixels: 13 },
-                { tag: "one word", name: "x".repeat(2000), pixels: 13 },
+                { tag: "one word", name: "x".repeat(1000), pixels: 13 },
                 { tag: "large text", name: "long name ".repeat(100), pixels: 30 }]
     }
     function test_aVeryLongNameLeavesTheButtonsInSight(data) {
@@ -127,6 +128,22 @@ PanelTest {
         keyClick(Qt.Key_PageUp)
         verify(top() > start + view - message.height)
         compare(focusName(), "Cancel")
+    }
+
+    function test_theScrollBarHasALongHandleAndLiesBesideTheText_data() {
+        return [{ tag: "left to right", mirrored: false }, { tag: "right to left", mirrored: true }]
+    }
+    function test_theScrollBarHasALongHandleAndLiesBesideTheText(data) {
+        fixture.setRightToLeft(data.mirrored)
+        const name = "long name ".repeat(90)
+        ask(name)
+        const message = fixture.text(test, "Remove \"" + name + "\" from Norvane?")
+        const bar = message.parent.parent.T.ScrollBar.vertical
+
+        verify(bar.visible)
+        verify(bar.contentItem.height >= 24)
+        const left = item => item.mapToItem(test, 0, 0).x, right = item => item.mapToItem(test, item.width, 0).x
+        verify(left(bar) >= right(message) || right(bar) <= left(message))
     }
 
     function test_theKeysLeaveAShortMessageWhereItIs() {
