@@ -26,16 +26,7 @@ Flow {
     // Takes over what is typed; returns whether it was understood. The part that was not has its old
     // value back then, and the focus.
     function commit(): bool {
-        return root.commitPart(day) && root.commitPart(time)
-    }
-
-    function commitPart(part: StepField): bool {
-        const understood = part.commit()
-        if (!understood) {
-            part.forceActiveFocus(Qt.OtherFocusReason)
-            part.selectAll()
-        }
-        return understood
+        return day.submit() && time.submit()
     }
 
     function takeDay(moment: pointInTime) {

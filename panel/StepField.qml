@@ -30,6 +30,16 @@ FormTextField {
         return understood
     }
 
+    // The same, with the focus here where it was not understood, so that the old value is seen.
+    function submit(): bool {
+        const understood = root.commit()
+        if (!understood) {
+            root.forceActiveFocus(Qt.OtherFocusReason)
+            root.selectAll()
+        }
+        return understood
+    }
+
     function step(position: int, steps: int) {
         root.commit()
         const field = root.calendar.fieldAt(root.moment, root.part, position)

@@ -4,6 +4,7 @@
 
 import json
 import os
+import subprocess
 import sys
 from datetime import datetime, timedelta, timezone
 from pathlib import Path
@@ -64,11 +65,23 @@ def days_ahead(days):
     return (datetime.now(timezone.utc) + timedelta(days=days)).date()
 
 
-def paste(desktop, text):
+def clipboard(desktop):
+    """What stands in the clipboard; nothing while it has no owner."""
+    answer = subprocess.run(["xclip", "-selection", "clipboard", "-o"], env=desktop.environment,
+                            capture_output=True, text=True, timeout=30, check=False)
+    return answer.stdout if answer.returncode == 0 else None
+
+
+def copy(desktop, text):
     source = desktop.folder / "clipboard.txt"
     source.write_bytes(text.encode())
     owner = desktop.start("xclip", "-quiet", "-selection", "clipboard", source)
-    wait_until(lambda: desktop.run("xclip", "-selection", "clipboard", "-o") == text, "the text in the clipboard")
+    wait_until(lambda: clipboard(desktop) == text, "the text in the clipboard")
+    return owner
+
+
+def paste(desktop, text):
+    owner = copy(desktop, text)
     desktop.key("ctrl+v")
     return owner
 
@@ -163,9 +176,7 @@ def test_control_return_takes_the_day_of_the_open_calendar_and_the_next_one_trac
 def test_the_context_menu_pastes_with_the_mouse_alone(desktop, form):
     x, y, width, height = desktop.find("text", "Monthly cost after trial")["box"]
     desktop.type("Acme Cloud")
-    source = desktop.folder / "clipboard.txt"
-    source.write_text("9.50\n")
-    desktop.start("xclip", "-quiet", "-selection", "clipboard", source)
+    copy(desktop, "9.50\n")
 
     desktop.run("xdotool", "mousemove", x + width // 2, y + height // 2, "click", "3")
     wait_until(lambda: (desktop.find("menu item", "Paste") or {}).get("enabled"), "the menu")
