@@ -10,6 +10,7 @@
 #include "app/SingleInstance.h"
 #include "panel/DesktopPalette.h"
 #include "panel/Translation.h"
+#include "platform/Folders.h"
 #include "platform/Platform.h"
 #include "platform/bus/BusNames.h"
 #include "platform/client/DBusNotificationCenter.h"
@@ -21,7 +22,6 @@
 #include "platform/session/XdgFolders.h"
 #include "platform/tray/StatusArea.h"
 #include "platform/windows/WindowSystem.h"
-#include "time/SystemCalendarSource.h"
 
 #include <QDBusMessage>
 #include <QDir>
@@ -32,9 +32,8 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <tuple>
-
-#include <sys/stat.h>
 
 namespace norvane {
 
@@ -70,17 +69,11 @@ QString installedNotifier()
 }
 
 /// Whether another process works on the trials. A folder that cannot be made or locked is nobody's.
-bool isInUseElsewhere(FolderLock &lock, const Folders &folders)
+bool isInUseElsewhere(FolderLock &lock, const std::filesystem::path &dataFolder)
 {
-    const QStringList roots = folders.applicationSupportFolders();
-    if (roots.isEmpty()) {
-        return false;
-    }
-    const QString folder = roots.first() + QStringLiteral("/Norvane");
-    const mode_t former = ::umask(S_IRWXG | S_IRWXO); // What Norvane makes is the user's alone.
-    std::ignore = QDir{folder}.mkpath(QStringLiteral("."));
-    ::umask(former);
-    return lock.take(folder, timeForFolder) == FolderLock::Answer::Held;
+    const std::filesystem::path folder = dataFolder / "Norvane";
+    return !dataFolder.empty() && makePrivateFolder(folder) &&
+           lock.take(folder, timeForFolder) == FolderLock::Answer::Held;
 }
 
 /// Who starts programs by clicking does not see standard error.
@@ -134,16 +127,15 @@ int NorvaneApp::run(int &argc, char **argv)
     if (!instance.isOnlyOne(bus, start.activationToken)) {
         return EXIT_SUCCESS;
     }
-    const XdgFolders folders;
+    const std::filesystem::path dataFolder = XdgFolders::dataFolder();
     FolderLock lock;
-    if (isInUseElsewhere(lock, folders)) {
+    if (isInUseElsewhere(lock, dataFolder)) {
         return failAsSecondOfUser(bus);
     }
 
     PortalAppearance appearance{bus};
     const DesktopPalette palette{appearance};
     const SystemClock clock;
-    const SystemCalendarSource calendars;
     DBusNotificationCenter notificationCenter{installedNotifier(),
                                               DBusNotificationCenter::Connect::WhenToldWhere};
     ThreadPoolTasks backgroundTasks; // They end before the centre that they talk to.
@@ -163,8 +155,7 @@ int NorvaneApp::run(int &argc, char **argv)
     };
     std::optional<AppDelegate> appDelegate;
     appDelegate.emplace(Platform{.clock = clock,
-                                 .calendars = calendars,
-                                 .folders = folders,
+                                 .dataFolder = dataFolder,
                                  .notificationCenter = notificationCenter,
                                  .backgroundTasks = backgroundTasks},
                         AppDelegate::Seams{.makeStatusItem = makeStatusItem,

@@ -11,10 +11,8 @@
 #include "platform/Folders.h"
 #include "platform/NotificationCenter.h"
 #include "platform/Platform.h"
-#include "time/CalendarSource.h"
-#include "time/SystemCalendarSource.h"
+#include "time/Zone.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -25,28 +23,19 @@ namespace {
 
 constexpr PointInTime now{757'382'400};
 
-class StoppedClock final : public Clock {
+class ClockInBerlin final : public Clock {
 public:
     [[nodiscard]] PointInTime now() const override { return ::now; }
-};
-
-class OneZone final : public CalendarSource {
-public:
-    [[nodiscard]] Calendar current() const override { return calendar_; }
+    [[nodiscard]] Zone zone() const override { return zone_; }
 
 private:
-    Calendar calendar_{QTimeZone{"Europe/Berlin"}};
+    Zone zone_{QTimeZone{"Europe/Berlin"}};
 };
 
-class TemporaryFolder final : public Folders {
+class ClockOfTheMachine final : public Clock {
 public:
-    [[nodiscard]] QStringList applicationSupportFolders() const override
-    {
-        return {folder_.path()};
-    }
-
-private:
-    QTemporaryDir folder_;
+    [[nodiscard]] PointInTime now() const override { return ::now; }
+    [[nodiscard]] Zone zone() const override { return Zone::ofMachine(); }
 };
 
 /// Takes everything and keeps nothing, so that only Norvane's own work is measured.
@@ -91,24 +80,23 @@ QByteArray fileOf(qint64 count, QUuid (*idOf)(qint64))
     return *TrialsFile::encode(trials);
 }
 
-template <typename Calendars, QUuid (*idOf)(qint64)>
+template <typename StoppedClock, QUuid (*idOf)(qint64)>
 void storeStart(benchmark::State &state)
 {
     const StoppedClock clock;
-    const Calendars calendars;
-    const TemporaryFolder folders;
+    const QTemporaryDir folder;
+    const std::filesystem::path dataFolder{folder.path().toStdString()};
     SilentCenter center;
     NoTasks tasks;
-    const QDir folder{folders.applicationSupportFolders().first() + QStringLiteral("/Norvane")};
-    folder.mkpath(QStringLiteral("."));
-    QFile file{folder.filePath(QStringLiteral("trials.json"))};
-    if (!file.open(QIODevice::WriteOnly) || file.write(fileOf(state.range(), idOf)) < 0) {
+    QFile file{folder.filePath(QStringLiteral("Norvane/trials.json"))};
+    if (!makePrivateFolder(dataFolder / "Norvane") || !file.open(QIODevice::WriteOnly) ||
+        file.write(fileOf(state.range(), idOf)) < 0) {
         state.SkipWithError("cannot write the trials file");
     }
     file.close();
 
     for (auto _ : state) {
-        const TrialStore store{{clock, calendars, folders, center, tasks}};
+        const TrialStore store{{clock, dataFolder, center, tasks}};
         benchmark::DoNotOptimize(store.trials().size());
     }
 
@@ -118,17 +106,17 @@ void storeStart(benchmark::State &state)
     state.SetComplexityN(state.range());
 }
 
-BENCHMARK_TEMPLATE(storeStart, OneZone, anyId)
+BENCHMARK_TEMPLATE(storeStart, ClockInBerlin, anyId)
     ->RangeMultiplier(10)
     ->Range(100, 10'000)
     ->Unit(benchmark::kMillisecond)
     ->Complexity(benchmark::oN);
-BENCHMARK_TEMPLATE(storeStart, OneZone, collidingId)
+BENCHMARK_TEMPLATE(storeStart, ClockInBerlin, collidingId)
     ->RangeMultiplier(10)
     ->Range(100, 10'000)
     ->Unit(benchmark::kMillisecond)
     ->Complexity(benchmark::oN);
-BENCHMARK_TEMPLATE(storeStart, SystemCalendarSource, anyId)
+BENCHMARK_TEMPLATE(storeStart, ClockOfTheMachine, anyId)
     ->RangeMultiplier(10)
     ->Range(100, 10'000)
     ->Unit(benchmark::kMillisecond)

@@ -5,7 +5,6 @@
 
 #include "notifier/LateRule.h"
 #include "platform/Clock.h"
-#include "time/UnixTime.h"
 
 #include <algorithm>
 #include <utility>
@@ -87,7 +86,7 @@ void Courier::release()
 /// The reminder whose turn it is, after those before it that are no longer worth showing lapsed.
 std::optional<OutboxEntry> Courier::next()
 {
-    const std::chrono::sys_seconds now = wholeSecond(clock_.now());
+    const std::chrono::sys_seconds now = clock_.now().wholeSecond();
     std::optional<OutboxEntry> entry = firstToTry();
     while (entry && entry->due + worthShowingFor(entry->request.identifier) <= now) {
         ledger_.transact([&] { ledger_.lapseWaiting(entry->request, now); });
@@ -143,7 +142,7 @@ void Courier::shown(const NotificationRequest &request)
 {
     ledger_.transact([&] {
         ledger_.removeFromOutbox(request);
-        ledger_.rememberDelivered(request, wholeSecond(clock_.now()));
+        ledger_.rememberDelivered(request, clock_.now().wholeSecond());
     });
     troubles_.erase(keyOf(request));
     serverFailures_ = 0;

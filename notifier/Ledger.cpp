@@ -4,7 +4,6 @@
 #include "notifier/Ledger.h"
 
 #include "notifier/LateRule.h"
-#include "time/LocalMinute.h"
 
 #include <QSqlQuery>
 #include <QVariant>
@@ -30,7 +29,7 @@ sys_seconds moment(const QVariant &number)
 
 WallClockMinute minute(const QVariant &text)
 {
-    return minuteFrom(text.toString()).value_or(WallClockMinute{});
+    return WallClockMinute::fromText(text.toString()).value_or(WallClockMinute{});
 }
 
 /// A text that is stored as empty, and not as no text at all.

@@ -4,6 +4,7 @@
 #include "notifier/LedgerDisk.h"
 
 #include "notifier/LedgerTables.h"
+#include "platform/Folders.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -86,7 +87,8 @@ LedgerDisk::State LedgerDisk::attach(QSqlDatabase &database, std::chrono::millis
         lock_.emplace(); // The lock on a folder that was removed keeps nobody out of the new one.
         locked_ = identityOf(folder_);
     }
-    if (lock_->take(folder_, timeout) == FolderLock::Answer::Held) {
+    if (lock_->take(QFile::encodeName(folder_).toStdString(), timeout) ==
+        FolderLock::Answer::Held) {
         return State::InUse;
     }
     if (!isThere || !isFile()) {
@@ -165,9 +167,7 @@ void LedgerDisk::detach(QSqlDatabase &database)
 
 bool LedgerDisk::makeFolder() const
 {
-    const QDir folder{folder_};
-    if (!folder.exists() &&
-        !(QDir{}.mkpath(QFileInfo{folder_}.path()) && QDir{}.mkdir(folder_, ownerFolder))) {
+    if (!makePrivateFolder(QFile::encodeName(folder_).toStdString())) {
         return false;
     }
     // Where the user has put a link, what it leads to keeps the permissions that it has.

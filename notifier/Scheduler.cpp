@@ -5,8 +5,7 @@
 
 #include "notifier/LateRule.h"
 #include "platform/Clock.h"
-#include "time/LocalMinute.h"
-#include "time/UnixTime.h"
+#include "time/Calendar.h"
 
 #include <QHash>
 
@@ -133,7 +132,7 @@ bool Scheduler::add(const NotificationRequest &request)
             return false;
         }
     }
-    ledger_.add(request, dueMoment(request.trigger, zone_.zone(), now()));
+    ledger_.add(request, Calendar{zone_.zone()}.dueMoment(request.trigger, now()));
     ++requestsAtMost_;
     return true;
 }
@@ -141,13 +140,13 @@ bool Scheduler::add(const NotificationRequest &request)
 /// Works out anew when each request is due, after the machine's clock or zone may have changed.
 void Scheduler::setDueMoments()
 {
-    const QTimeZone zone = zone_.zone();
+    const Calendar calendar{zone_.zone()};
     for (const Ledger::Pending &request : ledger_.allWithDue()) {
-        const std::vector<sys_seconds> moments = momentsOf(request.trigger, zone);
+        const std::vector<sys_seconds> moments = calendar.momentsOf(request.trigger);
         // Where a minute comes twice, when clocks go back, the moment that was chosen first is
         // kept.
         if (std::ranges::find(moments, request.due) == moments.end()) {
-            ledger_.setDue(request.number, dueMoment(request.trigger, zone, now()));
+            ledger_.setDue(request.number, calendar.dueMoment(request.trigger, now()));
         }
     }
 }
@@ -198,7 +197,7 @@ void Scheduler::setAlarm()
 
 std::chrono::sys_seconds Scheduler::now() const
 {
-    return wholeSecond(clock_.now());
+    return clock_.now().wholeSecond();
 }
 
 } // namespace norvane

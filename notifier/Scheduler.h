@@ -5,10 +5,10 @@
 
 #include "notifier/Ledger.h"
 #include "platform/NotificationRequest.h"
+#include "time/Zone.h"
 
 #include <QObject>
 #include <QStringList>
-#include <QTimeZone>
 
 #include <chrono>
 #include <optional>
@@ -44,7 +44,7 @@ class LocalZone : public QObject {
 public:
     using QObject::QObject;
 
-    [[nodiscard]] virtual QTimeZone zone() const = 0;
+    [[nodiscard]] virtual Zone zone() const = 0;
 
 signals:
     /// zone() returns another zone from now on.

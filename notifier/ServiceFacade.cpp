@@ -6,7 +6,6 @@
 #include "NotificationCenterAdaptor.h"
 #include "notifier/Ledger.h"
 #include "platform/bus/BusNames.h"
-#include "time/LocalMinute.h"
 
 #include <QDBusError>
 #include <QSet>
@@ -82,7 +81,7 @@ void ServiceFacade::AddRequest(const QString &identifier, const QString &title, 
                                const QString &sound, const QString &trigger)
 {
     emit called();
-    const std::optional<WallClockMinute> minute = minuteFrom(trigger);
+    const std::optional<WallClockMinute> minute = WallClockMinute::fromText(trigger);
     if (identifier.isEmpty()) {
         refuse(QStringLiteral("identifier: is empty"));
         return;

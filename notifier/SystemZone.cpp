@@ -3,8 +3,6 @@
 
 #include "notifier/SystemZone.h"
 
-#include "time/MachineZone.h"
-
 #include <QFile>
 #include <QFileInfo>
 
@@ -20,8 +18,8 @@ namespace norvane {
 
 SystemZone::SystemZone(QObject *parent)
     : LocalZone{parent},
-      link_{zoneLink()},
-      zone_{machineZone()},
+      link_{Zone::fileOfMachine()},
+      zone_{Zone::ofMachine()},
       descriptor_{::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)},
       readable_{QSocketNotifier::Read}
 {
@@ -85,7 +83,7 @@ bool SystemZone::watchLink()
 
 void SystemZone::readZone()
 {
-    const QTimeZone zone = machineZone();
+    const Zone zone = Zone::ofMachine();
     if (zone != zone_) {
         zone_ = zone;
         emit changed();

@@ -24,7 +24,7 @@ public:
     /// Begins to watch. Where the kernel grants no watch, the zone stays what it was at the start.
     void watch();
 
-    [[nodiscard]] QTimeZone zone() const override { return zone_; }
+    [[nodiscard]] Zone zone() const override { return zone_; }
 
 private:
     void filesChanged();
@@ -32,8 +32,8 @@ private:
     [[nodiscard]] bool watchLink();
     void readZone();
 
-    const QString link_; ///< Empty when the environment fixes the zone.
-    QTimeZone zone_;
+    const QString link_; ///< Empty when TZ holds a zone or a rule.
+    Zone zone_;
     const int descriptor_; ///< Of inotify, or -1; closed by the destructor.
     int folderWatch_ = -1; ///< On the link's folder, while there is no link.
     QSocketNotifier readable_;

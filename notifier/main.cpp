@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
+#include <QFile>
 
 #include <chrono>
 #include <cstdlib>
@@ -101,7 +102,7 @@ std::optional<Notifier::End> serve(const QDBusConnection &bus, const StopSignals
     const SystemClock clock;
     Notifier notifier{bus,
                       clock,
-                      {.folder = XdgFolders::stateFolder() + QStringLiteral("/norvane"),
+                      {.folder = QFile::decodeName((XdgFolders::stateFolder() / "norvane").c_str()),
                        .idleTimeout = idleTimeout}};
     Notifier::End end = Notifier::End::Done;
     QObject::connect(&stopSignals, &StopSignals::stopRequested, &notifier, &Notifier::end);

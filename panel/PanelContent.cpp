@@ -16,7 +16,7 @@ PanelContent::PanelContent(const Platform &platform, const QLocale &locale)
     : clock_{platform.clock},
       store_{platform},
       trials_{store_, platform},
-      calendar_{platform.clock, platform.calendars, locale},
+      calendar_{platform.clock, locale},
       activeCount_{store_.activeCount()}
 {
     AccessibleItem::install();

@@ -7,7 +7,6 @@
 #include "panel/Phrase.h"
 #include "panel/TrialPresentation.h"
 #include "platform/Clock.h"
-#include "time/CalendarSource.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -39,17 +38,16 @@ QList<Trial> firstOfEachId(const QList<Trial> &trials)
 TrialListModel::TrialListModel(const TrialStore &store, const Platform &platform)
     : store_{store},
       clock_{platform.clock},
-      calendars_{platform.calendars},
       rows_{firstOfEachId(store.trials())},
       asOf_{clock_.now()},
-      calendar_{calendars_.current()}
+      calendar_{clock_.calendar()}
 {
 }
 
 void TrialListModel::redraw()
 {
     asOf_ = clock_.now();
-    calendar_ = calendars_.current();
+    calendar_ = clock_.calendar();
     if (!rows_.isEmpty()) {
         emit dataChanged(index(0), index(static_cast<int>(rows_.size()) - 1));
     }

@@ -13,7 +13,6 @@
 
 namespace norvane {
 
-class CalendarSource;
 class Clock;
 class TrialStore;
 
@@ -54,7 +53,6 @@ private:
 
     const TrialStore &store_;
     const Clock &clock_;
-    const CalendarSource &calendars_;
     QList<Trial> rows_;
     PointInTime asOf_;
     Calendar calendar_; ///< The user's, as of that moment.

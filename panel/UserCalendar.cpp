@@ -4,7 +4,6 @@
 #include "panel/UserCalendar.h"
 
 #include "platform/Clock.h"
-#include "time/CalendarSource.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -90,10 +89,8 @@ QString monthFormat(const QString &longDate)
 
 } // namespace
 
-UserCalendar::UserCalendar(const Clock &clock, const CalendarSource &calendars,
-                           const QLocale &locale)
+UserCalendar::UserCalendar(const Clock &clock, const QLocale &locale)
     : clock_{clock},
-      calendars_{calendars},
       locale_{locale},
       dayFormat_{DateTimeFormat::ofDay(locale)},
       timeFormat_{DateTimeFormat::ofTime(locale)}
@@ -107,7 +104,7 @@ const DateTimeFormat &UserCalendar::format(Part part) const
 
 QString UserCalendar::text(PointInTime moment, Part part) const
 {
-    const std::optional<WallClockMinute> minute = calendars_.current().minuteOf(moment);
+    const std::optional<WallClockMinute> minute = clock_.calendar().minuteOf(moment);
     return minute ? format(part).shown(*minute).text : QString{};
 }
 
@@ -120,7 +117,7 @@ bool UserCalendar::understands(PointInTime moment, Part part, const QString &tex
 PointInTime UserCalendar::typed(PointInTime moment, Part part, const QString &text,
                                 PointInTime timeOfDay) const
 {
-    const Calendar calendar = calendars_.current();
+    const Calendar calendar = clock_.calendar();
     const std::optional<WallClockMinute> before = calendar.minuteOf(moment);
     if (!before) {
         return moment;
@@ -142,7 +139,7 @@ QString UserCalendar::widest(Part part) const
 
 QList<DateTimeFormat::Section> UserCalendar::sections(PointInTime moment, Part part) const
 {
-    const std::optional<WallClockMinute> minute = calendars_.current().minuteOf(moment);
+    const std::optional<WallClockMinute> minute = clock_.calendar().minuteOf(moment);
     return minute ? format(part).shown(*minute).sections : QList<DateTimeFormat::Section>{};
 }
 
@@ -173,7 +170,7 @@ TextRange UserCalendar::section(PointInTime moment, Part part, int field) const
 PointInTime UserCalendar::stepped(PointInTime moment, int field, int steps,
                                   PointInTime timeOfDay) const
 {
-    const Calendar calendar = calendars_.current();
+    const Calendar calendar = clock_.calendar();
     const auto which = static_cast<Field>(field);
     if (which == Field::Day || which == Field::Month || which == Field::Year) {
         const QDate date = steppedDate(dateOf(dayOf(moment)), which, steps);
@@ -190,13 +187,13 @@ int UserCalendar::today() const
 
 int UserCalendar::dayOf(PointInTime moment) const
 {
-    const std::optional<WallClockMinute> minute = calendars_.current().minuteOf(moment);
+    const std::optional<WallClockMinute> minute = clock_.calendar().minuteOf(moment);
     return dayNumber(minute ? dateOf(*minute) : QDate{2001, 1, 1});
 }
 
 PointInTime UserCalendar::onDay(PointInTime moment, int day, PointInTime timeOfDay) const
 {
-    return moved(calendars_.current(), moment, dateOf(day), timeOfDay).value_or(moment);
+    return moved(clock_.calendar(), moment, dateOf(day), timeOfDay).value_or(moment);
 }
 
 int UserCalendar::monthsLater(int day, int months) const

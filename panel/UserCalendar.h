@@ -16,7 +16,6 @@
 namespace norvane {
 
 class Calendar;
-class CalendarSource;
 class Clock;
 
 /// What the date field and its month calendar ask: how moments read, and what editing makes of
@@ -35,8 +34,8 @@ public:
     enum class Part { Day, TimeOfDay };
     Q_ENUM(Part)
 
-    /// Borrows clock and calendars.
-    UserCalendar(const Clock &clock, const CalendarSource &calendars, const QLocale &locale);
+    /// Borrows the clock.
+    UserCalendar(const Clock &clock, const QLocale &locale);
 
     [[nodiscard]] Q_INVOKABLE QString text(norvane::PointInTime moment,
                                            norvane::UserCalendar::Part part) const;
@@ -100,7 +99,6 @@ private:
     [[nodiscard]] QList<DateTimeFormat::Section> sections(PointInTime moment, Part part) const;
 
     const Clock &clock_;
-    const CalendarSource &calendars_;
     const QLocale locale_;
     const DateTimeFormat dayFormat_;
     const DateTimeFormat timeFormat_;

@@ -3,21 +3,14 @@
 
 #pragma once
 
-#include <QStringList>
+#include <filesystem>
 
 namespace norvane {
 
-/// Knows where the user's programs keep their data.
-class Folders {
-public:
-    Folders() = default;
-    Folders(const Folders &) = delete;
-    Folders &operator=(const Folders &) = delete;
-    virtual ~Folders() = default;
-
-    /// The user's folders for application data, the preferred one first, as absolute paths.
-    /// They need not exist. Empty when the user has none at all.
-    [[nodiscard]] virtual QStringList applicationSupportFolders() const = 0;
-};
+/// Makes the folder and those of its parents that are missing, each for the user alone (mode 0700),
+/// as the XDG base directory rules ask. Folders that exist keep their permissions.
+///
+/// Returns whether the folder exists afterwards.
+[[nodiscard]] bool makePrivateFolder(const std::filesystem::path &folder);
 
 } // namespace norvane

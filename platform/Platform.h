@@ -3,20 +3,21 @@
 
 #pragma once
 
+#include <filesystem>
+
 namespace norvane {
 
 class BackgroundTasks;
-class CalendarSource;
 class Clock;
-class Folders;
 class NotificationCenter;
 
-/// What the program needs of the machine, as borrowed references: the owner of the real ones (or
-/// of a test's) keeps them alive longer than whoever was given this.
+/// What the program needs of the machine. The references are borrowed: the owner of the real
+/// objects (or of a test's) keeps them alive longer than whoever was given this.
 struct Platform {
     const Clock &clock;
-    const CalendarSource &calendars;
-    const Folders &folders;
+    /// The user's folder for application data, as an absolute path; it need not exist. Empty when
+    /// the user has none at all.
+    std::filesystem::path dataFolder;
     NotificationCenter &notificationCenter;
     BackgroundTasks &backgroundTasks;
 };

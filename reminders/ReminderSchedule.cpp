@@ -8,8 +8,6 @@
 #include "platform/NotificationCenter.h"
 #include "reminders/Reminder.h"
 
-#include <utility>
-
 namespace norvane {
 
 namespace {
@@ -25,10 +23,9 @@ QString bodyOf(const Reminder &reminder, const Trial &trial)
 
 } // namespace
 
-ReminderSchedule::ReminderSchedule(const Clock &clock, Calendar calendar,
-                                   NotificationCenter &center)
+ReminderSchedule::ReminderSchedule(const Clock &clock, NotificationCenter &center)
     : clock_{clock},
-      calendar_{std::move(calendar)},
+      calendar_{clock.calendar()},
       center_{center}
 {
 }

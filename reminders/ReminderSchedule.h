@@ -19,9 +19,9 @@ class NotificationCenter;
 /// are made of the trial's `id`, so planning the same trial again replaces its requests.
 class ReminderSchedule {
 public:
-    /// Borrows the clock and the centre; takes the calendar as it is now, so make a schedule when
-    /// there is something to plan and drop it afterwards.
-    ReminderSchedule(const Clock &clock, Calendar calendar, NotificationCenter &center);
+    /// Borrows the clock and the centre. Keeps the clock's zone as it is now, so make a schedule
+    /// when there is something to plan, and do not keep it.
+    ReminderSchedule(const Clock &clock, NotificationCenter &center);
 
     /// Hands over one request for each reminder whose time is still ahead, and returns their
     /// identifiers in the order 3 days, 24 hours, 1 hour. A time that no calendar can hold keeps

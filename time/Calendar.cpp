@@ -3,83 +3,100 @@
 
 #include "time/Calendar.h"
 
-#include <QDateTime>
+#include <QDate>
 
+#include <algorithm>
 #include <cmath>
 
 namespace norvane {
 
 namespace {
 
-constexpr qint64 secondsPerDay = 86'400;
+using std::chrono::days;
+using std::chrono::floor;
+using std::chrono::local_days;
+using std::chrono::local_seconds;
+using std::chrono::minutes;
+using std::chrono::seconds;
+using std::chrono::sys_seconds;
+
 /// Seconds whose milliseconds still fit 64 bits, with room for a few days of arithmetic.
 constexpr double farthestUnixSecond = 6.0e15;
 
-bool isInYears1To9999(const QDate &date)
+local_seconds readingOf(const WallClockMinute &minute)
 {
-    return date.isValid() && date.year() >= 1 && date.year() <= 9999;
-}
-
-constexpr qint64 floorDivide(qint64 dividend, qint64 divisor)
-{
-    return dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
+    const days day{QDate{1970, 1, 1}.daysTo(QDate{minute.year, minute.month, minute.day})};
+    return local_days{day} + std::chrono::hours{minute.hour} + minutes{minute.minute};
 }
 
 } // namespace
 
-/// A moment split for calendar arithmetic; the fraction of a second rides along unchanged.
+/// A moment as clocks in the zone show it; the fraction of a second is kept apart.
 struct Calendar::LocalTime {
-    qint64 unixSeconds;
+    sys_seconds moment;
     double fraction; ///< 0 up to, not including, 1.
-    qint64 offset;   ///< Seconds east of UTC.
-    qint64 day;      ///< Days since 1970-01-01 on the local calendar.
-    qint64 secondOfDay;
+    seconds offset;  ///< East of UTC.
+    local_days day;
+    seconds timeOfDay;
 };
 
-Calendar::Calendar(const QTimeZone &zone) : zone_{zone} {}
-
-qint64 Calendar::offsetAt(qint64 unixSeconds) const
-{
-    return zone_.offsetFromUtc(
-        QDateTime::fromMSecsSinceEpoch(unixSeconds * 1000, QTimeZone::utc()));
-}
+Calendar::Calendar(const Zone &zone) : zone_{zone} {}
 
 std::optional<Calendar::LocalTime> Calendar::localTime(PointInTime moment) const
 {
-    // Floored before the epochs are aligned: adding large to small would round a moment just
-    // before a minute into the next one.
     const double whole = std::floor(moment.secondsSinceReference());
     if (!(std::abs(whole) < farthestUnixSecond)) {
         return std::nullopt;
     }
-    const qint64 unixSeconds = static_cast<qint64>(whole) + PointInTime::referenceInUnixSeconds;
-    const qint64 offset = offsetAt(unixSeconds);
-    const qint64 local = unixSeconds + offset;
-    const qint64 day = floorDivide(local, secondsPerDay);
-    return LocalTime{.unixSeconds = unixSeconds,
+    const sys_seconds second = moment.wholeSecond();
+    const seconds offset = zone_.offsetAt(second);
+    const local_seconds reading{second.time_since_epoch() + offset};
+    const local_days day = floor<days>(reading);
+    return LocalTime{.moment = second,
                      .fraction = moment.secondsSinceReference() - whole,
                      .offset = offset,
                      .day = day,
-                     .secondOfDay = local - day * secondsPerDay};
+                     .timeOfDay = reading - day};
 }
 
-/// The Unix second that has the same time of day on another date.
-///
-/// A time that comes twice is taken with the start's own offset where that is one of the two; a
-/// time that daylight saving skips moves on by the length of the gap.
-qint64 Calendar::shiftedByDays(const LocalTime &start, qint64 days) const
+/// The moments at which clocks show this reading, earliest first; where they skip it, the one
+/// moment that stands for it.
+std::vector<sys_seconds> Calendar::momentsOf(local_seconds reading, WhenSkipped whenSkipped) const
 {
-    const qint64 local = (start.day + days) * secondsPerDay + start.secondOfDay;
-    const qint64 kept = local - start.offset;
-    if (offsetAt(kept) == start.offset) {
-        return kept;
+    // No zone is a day or more from UTC, and none changes its clocks twice within two days: around
+    // the reading there are at most two offsets.
+    const sys_seconds asIfUtc{reading.time_since_epoch()};
+    const seconds before = zone_.offsetAt(asIfUtc - days{1});
+    const seconds after = zone_.offsetAt(asIfUtc + days{1});
+    if (before == after) {
+        return {asIfUtc - before};
     }
-    const qint64 before = offsetAt(local - start.offset - secondsPerDay);
-    const qint64 after = offsetAt(local - start.offset + secondsPerDay);
-    if (const qint64 later = local - after; offsetAt(later) == after) {
-        return later;
+    std::vector<sys_seconds> moments;
+    for (const seconds offset : {before, after}) {
+        if (zone_.offsetAt(asIfUtc - offset) == offset) {
+            moments.push_back(asIfUtc - offset);
+        }
     }
-    return local - before;
+    if (!moments.empty()) {
+        return moments;
+    }
+    sys_seconds inTheNewOffset = asIfUtc - before;
+    if (whenSkipped == WhenSkipped::EndOfGap) {
+        for (sys_seconds inTheOld = asIfUtc - after; inTheNewOffset - inTheOld > seconds{1};) {
+            const sys_seconds middle = inTheOld + (inTheNewOffset - inTheOld) / 2;
+            (zone_.offsetAt(middle) == before ? inTheOld : inTheNewOffset) = middle;
+        }
+    }
+    return {inTheNewOffset};
+}
+
+/// The moment that has the start's time of day on another day.
+sys_seconds Calendar::onDay(const LocalTime &start, local_days day) const
+{
+    const local_seconds reading = day + start.timeOfDay;
+    const std::vector<sys_seconds> moments = momentsOf(reading, WhenSkipped::MoveOn);
+    const sys_seconds inItsOffset{reading.time_since_epoch() - start.offset};
+    return std::ranges::count(moments, inItsOffset) > 0 ? inItsOffset : moments.back();
 }
 
 std::optional<qint64> Calendar::wholeDays(PointInTime from, PointInTime to) const
@@ -90,19 +107,20 @@ std::optional<qint64> Calendar::wholeDays(PointInTime from, PointInTime to) cons
         return std::nullopt;
     }
     const bool forward = from <= to;
-    const qint64 step = forward ? 1 : -1;
-    const auto overshoots = [&](qint64 days) {
-        const qint64 shifted = shiftedByDays(*start, days);
-        if (shifted != end->unixSeconds) {
-            return forward == (shifted > end->unixSeconds);
+    const days step{forward ? 1 : -1};
+    const auto overshoots = [&](days count) {
+        const sys_seconds shifted = onDay(*start, start->day + count);
+        if (shifted != end->moment) {
+            return forward == (shifted > end->moment);
         }
         return forward ? start->fraction > end->fraction : start->fraction < end->fraction;
     };
-    qint64 days = end->day - start->day + step;
-    while (days * step > 0 && overshoots(days)) {
-        days -= step;
+    // One more than the dates differ by: a time that is skipped can lie on the next date.
+    days count = end->day - start->day + step;
+    while (count / step > 0 && overshoots(count)) {
+        count -= step;
     }
-    return days * step > 0 ? days : 0;
+    return count / step > 0 ? count.count() : 0;
 }
 
 std::optional<WallClockMinute> Calendar::minuteOf(PointInTime moment) const
@@ -111,32 +129,42 @@ std::optional<WallClockMinute> Calendar::minuteOf(PointInTime moment) const
     if (!local) {
         return std::nullopt;
     }
-    const QDate date = QDate{1970, 1, 1}.addDays(local->day);
-    if (!isInYears1To9999(date)) {
-        return std::nullopt;
-    }
-    const int minuteOfDay = static_cast<int>(local->secondOfDay / 60);
-    return WallClockMinute{.year = date.year(),
-                           .month = date.month(),
-                           .day = date.day(),
-                           .hour = minuteOfDay / 60,
-                           .minute = minuteOfDay % 60};
+    const QDate date = QDate{1970, 1, 1}.addDays(local->day.time_since_epoch().count());
+    const auto minuteOfDay = static_cast<int>(floor<minutes>(local->timeOfDay).count());
+    const WallClockMinute minute{.year = date.year(),
+                                 .month = date.month(),
+                                 .day = date.day(),
+                                 .hour = minuteOfDay / 60,
+                                 .minute = minuteOfDay % 60};
+    return minute.isValid() ? std::optional{minute} : std::nullopt;
 }
 
 std::optional<PointInTime> Calendar::movedToMinute(PointInTime moment,
                                                    const WallClockMinute &minute) const
 {
     std::optional<LocalTime> local = localTime(moment);
-    const QDate date{minute.year, minute.month, minute.day};
-    if (!local || !isInYears1To9999(date) || !QTime::isValid(minute.hour, minute.minute, 0)) {
+    if (!local || !minute.isValid()) {
         return std::nullopt;
     }
-    const qint64 day = QDate{1970, 1, 1}.daysTo(date);
-    const qint64 second = local->secondOfDay % 60;
-    local->secondOfDay = (minute.hour * 60LL + minute.minute) * 60 + second;
-    const qint64 unixSeconds = shiftedByDays(*local, day - local->day);
+    const local_seconds reading = readingOf(minute) + local->timeOfDay % minutes{1};
+    const local_days day = floor<days>(reading);
+    local->timeOfDay = reading - day;
+    const qint64 unixSeconds = onDay(*local, day).time_since_epoch().count();
     return PointInTime{static_cast<double>(unixSeconds - PointInTime::referenceInUnixSeconds) +
                        local->fraction};
+}
+
+std::vector<sys_seconds> Calendar::momentsOf(const WallClockMinute &minute) const
+{
+    return momentsOf(readingOf(minute), WhenSkipped::EndOfGap);
+}
+
+sys_seconds Calendar::dueMoment(const WallClockMinute &minute, sys_seconds now) const
+{
+    const std::vector<sys_seconds> moments = momentsOf(minute);
+    const auto next = std::ranges::find_if(
+        moments, [now](sys_seconds moment) { return moment + minutes{1} > now; });
+    return next != moments.end() ? *next : moments.back();
 }
 
 } // namespace norvane

@@ -9,25 +9,48 @@
 #include "platform/Folders.h"
 #include "platform/NotificationCenter.h"
 #include "reminders/ReminderSchedule.h"
-#include "time/CalendarSource.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
+#include <system_error>
+#include <tuple>
+
+#include <fcntl.h>
 
 namespace norvane {
 
 namespace {
 
-/// Not a pipe or a device: opening or reading one of these may never end.
-bool isOrdinary(const QFile &file)
+/// Opens a file by its path in bytes, which QFile cannot where they are not UTF-8. Fails on a pipe
+/// or a device: opening or reading one of these could block forever.
+bool open(QFile &file, const std::filesystem::path &path, int flags, QIODevice::OpenMode mode)
 {
-    const QFileInfo info{file};
-    return info.isFile() || !info.exists();
+    std::error_code ignored;
+    const std::filesystem::file_type type = std::filesystem::status(path, ignored).type();
+    if (type != std::filesystem::file_type::regular &&
+        type != std::filesystem::file_type::not_found) {
+        return false;
+    }
+    constexpr mode_t lessUmask = 0666;
+    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC, lessUmask);
+    return descriptor >= 0 && file.open(descriptor, mode, QFileDevice::AutoCloseHandle);
+}
+
+/// The trials in the file; nothing when anything is in the way, also when the memory does not
+/// suffice for what the file holds.
+std::optional<QList<Trial>> trialsIn(const std::filesystem::path &path)
+{
+    try {
+        QFile file;
+        return open(file, path, O_RDONLY, QIODevice::ReadOnly) ? TrialsFile::decode(file.readAll())
+                                                               : std::nullopt;
+    } catch (const std::bad_alloc &) {
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -36,14 +59,16 @@ TrialStore::TrialStore(const Platform &platform, QObject *parent)
     : QObject{parent},
       platform_{platform}
 {
-    const QStringList folders = platform_.folders.applicationSupportFolders();
-    if (folders.isEmpty()) {
+    if (platform_.dataFolder.empty()) {
         std::abort();
     }
-    const QDir folder{folders.first() + QStringLiteral("/Norvane")};
-    folder.mkpath(QStringLiteral(".")); // Without it, reading and writing fail, silently too.
-    saveURL_ = folder.filePath(QStringLiteral("trials.json"));
-    load();
+    const std::filesystem::path folder = platform_.dataFolder / "Norvane";
+    std::ignore = makePrivateFolder(folder); // Without it, reading and writing fail, silently too.
+    saveURL_ = folder / "trials.json";
+    if (const auto trials = trialsIn(saveURL_)) {
+        emit objectWillChange();
+        trials_ = *trials;
+    }
     scheduleAllNotifications();
 }
 
@@ -76,28 +101,17 @@ void TrialStore::delete_(const Trial &trial)
     save();
 }
 
-void TrialStore::load()
-{
-    QFile file{saveURL_};
-    if (!isOrdinary(file) || !file.open(QIODevice::ReadOnly)) {
-        return;
-    }
-    if (const auto trials = TrialsFile::decode(file.readAll())) {
-        emit objectWillChange();
-        trials_ = *trials;
-    }
-}
-
 void TrialStore::save() const
 {
     const auto bytes = TrialsFile::encode(trials_);
     if (!bytes) {
         return; // The file keeps what it had until the trial that cannot be written is gone.
     }
-    // In place and in one write: the file stays the same file for links and watchers.
-    QFile file{saveURL_};
-    if (isOrdinary(file) &&
-        file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+    // In place and in one write: the file stays the same file for links and watchers. A failure is
+    // silent, and the next save writes everything anew.
+    QFile file;
+    if (open(file, saveURL_, O_WRONLY | O_CREAT | O_TRUNC,
+             QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         file.write(*bytes);
     }
 }
@@ -125,9 +139,7 @@ void TrialStore::scheduleAllNotifications()
 
 QStringList TrialStore::scheduleNotifications(const Trial &trial) const
 {
-    return ReminderSchedule{platform_.clock, platform_.calendars.current(),
-                            platform_.notificationCenter}
-        .plan(trial);
+    return ReminderSchedule{platform_.clock, platform_.notificationCenter}.plan(trial);
 }
 
 } // namespace norvane

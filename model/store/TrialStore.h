@@ -10,6 +10,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <filesystem>
+
 namespace norvane {
 
 /// The one owner of the list of trials: loads it, saves it after every change, keeps its
@@ -45,14 +47,13 @@ signals:
     void objectWillChange();
 
 private:
-    void load();
     void save() const;
     void scheduleAllNotifications();
     [[nodiscard]] QStringList scheduleNotifications(const Trial &trial) const;
 
     Platform platform_;
     QList<Trial> trials_;
-    QString saveURL_; ///< The trials file; set once.
+    std::filesystem::path saveURL_; ///< The trials file; set once.
 };
 
 } // namespace norvane

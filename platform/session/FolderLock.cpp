@@ -4,7 +4,6 @@
 #include "platform/session/FolderLock.h"
 
 #include <QDeadlineTimer>
-#include <QFile>
 
 #include <cerrno>
 #include <thread>
@@ -28,13 +27,13 @@ FolderLock::~FolderLock()
     }
 }
 
-FolderLock::Answer FolderLock::take(const QString &folder, std::chrono::milliseconds timeout)
+FolderLock::Answer FolderLock::take(const std::filesystem::path &folder,
+                                    std::chrono::milliseconds timeout)
 {
     if (descriptor_ >= 0) {
         return Answer::Taken;
     }
-    const int descriptor =
-        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0) {
         return Answer::NoFolder;
     }

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include <QString>
-
 #include <chrono>
+#include <filesystem>
 
 namespace norvane {
 
@@ -22,7 +21,8 @@ public:
 
     /// Blocks as long as another process holds it, but no longer than `timeout`. Once taken, it is
     /// kept.
-    [[nodiscard]] Answer take(const QString &folder, std::chrono::milliseconds timeout);
+    [[nodiscard]] Answer take(const std::filesystem::path &folder,
+                              std::chrono::milliseconds timeout);
 
 private:
     int descriptor_ = -1; ///< Of the folder, while the lock is held.

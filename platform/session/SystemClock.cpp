@@ -14,4 +14,9 @@ PointInTime SystemClock::now() const
     return PointInTime::fromUnixSeconds(sinceEpoch.count());
 }
 
+Zone SystemClock::zone() const
+{
+    return Zone::ofMachine();
+}
+
 } // namespace norvane

@@ -7,10 +7,11 @@
 
 namespace norvane {
 
-/// The machine's wall clock.
+/// The machine's wall clock, in the machine's zone.
 class SystemClock final : public Clock {
 public:
     [[nodiscard]] PointInTime now() const override;
+    [[nodiscard]] Zone zone() const override;
 };
 
 } // namespace norvane

@@ -3,7 +3,7 @@
 
 #include "platform/session/XdgFolders.h"
 
-#include <QFile>
+#include <cstdlib>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -12,42 +12,43 @@ namespace norvane {
 
 namespace {
 
-/// The variable's value where it is an absolute path; a relative one is to be ignored.
-QString absolutePathIn(const char *variable)
+using std::filesystem::path;
+
+/// The variable's value where it is an absolute path; the rules have a relative one ignored.
+path absolutePathIn(const char *variable)
 {
-    QString path = QFile::decodeName(qgetenv(variable));
-    return path.startsWith(u'/') ? path : QString{};
+    const char *const value = std::getenv(variable);
+    return value != nullptr && *value == '/' ? path{value} : path{};
 }
 
-QString home()
+path home()
 {
-    if (QString path = absolutePathIn("HOME"); !path.isEmpty()) {
-        return path;
+    if (path folder = absolutePathIn("HOME"); !folder.empty()) {
+        return folder;
     }
     const passwd *const user = ::getpwuid(::getuid());
-    return user != nullptr ? QFile::decodeName(user->pw_dir) : QString{};
+    return user != nullptr ? path{user->pw_dir} : path{};
 }
 
-QString baseFolder(const char *variable, QLatin1StringView belowHome)
+path baseFolder(const char *variable, const char *belowHome)
 {
-    if (QString path = absolutePathIn(variable); !path.isEmpty()) {
-        return path;
+    if (path folder = absolutePathIn(variable); !folder.empty()) {
+        return folder;
     }
-    const QString start = home();
-    return start.isEmpty() ? QString{} : start + belowHome;
+    const path start = home();
+    return start.empty() ? path{} : start / belowHome;
 }
 
 } // namespace
 
-QStringList XdgFolders::applicationSupportFolders() const
+path XdgFolders::dataFolder()
 {
-    const QString folder = baseFolder("XDG_DATA_HOME", QLatin1StringView{"/.local/share"});
-    return folder.isEmpty() ? QStringList{} : QStringList{folder};
+    return baseFolder("XDG_DATA_HOME", ".local/share");
 }
 
-QString XdgFolders::stateFolder()
+path XdgFolders::stateFolder()
 {
-    return baseFolder("XDG_STATE_HOME", QLatin1StringView{"/.local/state"});
+    return baseFolder("XDG_STATE_HOME", ".local/state");
 }
 
 } // namespace norvane

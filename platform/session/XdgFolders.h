@@ -3,20 +3,21 @@
 
 #pragma once
 
-#include "platform/Folders.h"
+#include <filesystem>
 
 namespace norvane {
 
-/// The user's folders by the XDG base directory rules.
+/// The user's folders by the XDG base directory rules: absolute paths that need not exist, empty
+/// where the user has no home.
 ///
-/// Read here rather than through QStandardPaths, which puts a user without a home into the root
-/// folder and cannot say that there is none.
-class XdgFolders final : public Folders {
+/// Paths are bytes: a name that is not UTF-8 leads where it should, which QString cannot say. Read
+/// here instead of through QStandardPaths, which puts a user without a home into the root folder.
+class XdgFolders {
 public:
-    /// The data folder: XDG_DATA_HOME if absolute, else ~/.local/share, else none.
-    [[nodiscard]] QStringList applicationSupportFolders() const override;
-    /// The state folder: XDG_STATE_HOME if absolute, else ~/.local/state; empty when there is none.
-    [[nodiscard]] static QString stateFolder();
+    /// XDG_DATA_HOME if absolute, else ~/.local/share.
+    [[nodiscard]] static std::filesystem::path dataFolder();
+    /// XDG_STATE_HOME if absolute, else ~/.local/state.
+    [[nodiscard]] static std::filesystem::path stateFolder();
 };
 
 } // namespace norvane

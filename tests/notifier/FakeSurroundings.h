@@ -24,6 +24,7 @@ public:
     {
         return PointInTime::fromUnixSeconds(static_cast<double>(moment.time_since_epoch().count()));
     }
+    [[nodiscard]] Zone zone() const override { return QTimeZone::utc(); }
 };
 
 /// An alarm that a test sets off by hand.
@@ -40,8 +41,8 @@ class FakeZone final : public LocalZone {
     Q_OBJECT
 
 public:
-    explicit FakeZone(const QByteArray &name) : zone_{name} {}
-    [[nodiscard]] QTimeZone zone() const override { return zone_; }
+    explicit FakeZone(const QByteArray &name) : zone_{QTimeZone{name}} {}
+    [[nodiscard]] Zone zone() const override { return zone_; }
     void move(const QByteArray &name)
     {
         zone_ = QTimeZone{name};
@@ -49,7 +50,7 @@ public:
     }
 
 private:
-    QTimeZone zone_;
+    Zone zone_;
 };
 
 /// A notification server that holds each notification until a test answers.

@@ -4,7 +4,7 @@
 #include "notifier/Scheduler.h"
 #include "tests/notifier/FakeSurroundings.h"
 #include "tests/support/TestProgram.h"
-#include "time/LocalMinute.h"
+#include "time/WallClockMinute.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -27,7 +27,7 @@ NotificationRequest request(const QString &identifier, QStringView trigger)
             .title = identifier,
             .body = {},
             .sound = {},
-            .trigger = minuteFrom(trigger).value_or(WallClockMinute{})};
+            .trigger = WallClockMinute::fromText(trigger).value_or(WallClockMinute{})};
 }
 
 } // namespace

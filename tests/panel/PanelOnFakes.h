@@ -6,7 +6,6 @@
 #include "model/record/Trial.h"
 #include "model/record/TrialsFile.h"
 #include "panel/PanelContent.h"
-#include "tests/support/FixedCalendarSource.h"
 #include "tests/support/HandMovedClock.h"
 #include "tests/support/HeldBackgroundTasks.h"
 #include "tests/support/RecordingNotificationCenter.h"
@@ -25,11 +24,11 @@ public:
     static constexpr PointInTime start{758'017'815};
 
     PanelOnFakes(const QList<Trial> &trials, const QByteArray &zone, const QLocale &locale)
-        : calendars_{zone}
+        : clock_{start, zone}
     {
         folders_.write(TrialsFile::encode(trials).value_or(QByteArray{}));
         content_ = std::make_unique<PanelContent>(
-            Platform{clock_, calendars_, folders_, center_, tasks_}, locale);
+            Platform{clock_, folders_.path(), center_, tasks_}, locale);
     }
 
     [[nodiscard]] HandMovedClock &clock() noexcept { return clock_; }
@@ -37,8 +36,7 @@ public:
     [[nodiscard]] PanelContent &content() noexcept { return *content_; }
 
 private:
-    HandMovedClock clock_{start};
-    FixedCalendarSource calendars_;
+    HandMovedClock clock_;
     TemporaryFolders folders_;
     RecordingNotificationCenter center_;
     HeldBackgroundTasks tasks_;

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "panel/UserCalendar.h"
-#include "tests/support/FixedCalendarSource.h"
 #include "tests/support/HandMovedClock.h"
 #include "tests/support/TestProgram.h"
 
@@ -214,7 +213,7 @@ private slots:
     void aPageIsTitledAsTheLocaleWritesAMonth()
     {
         QFETCH(const QString, locale);
-        const UserCalendar calendar{clock, zone, QLocale{locale}};
+        const UserCalendar calendar{clock, QLocale{locale}};
 
         QTEST(calendar.pageTitle(dayNumber(2025, 1, 8)), "title");
     }
@@ -239,10 +238,9 @@ private:
         return german.fieldAt(moment, part, position);
     }
 
-    HandMovedClock clock{berlin(2025, 1, 8, 9, 30)};
-    FixedCalendarSource zone{QByteArrayLiteral("Europe/Berlin")};
-    UserCalendar german{clock, zone, QLocale{QStringLiteral("de_DE")}};
-    UserCalendar american{clock, zone, QLocale{QStringLiteral("en_US")}};
+    HandMovedClock clock{berlin(2025, 1, 8, 9, 30), QByteArrayLiteral("Europe/Berlin")};
+    UserCalendar german{clock, QLocale{QStringLiteral("de_DE")}};
+    UserCalendar american{clock, QLocale{QStringLiteral("en_US")}};
 };
 
 NORVANE_TEST(TestUserCalendar)

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "reminders/ReminderSchedule.h"
-#include "tests/support/FixedCalendarSource.h"
 #include "tests/support/HandMovedClock.h"
 #include "tests/support/RecordingNotificationCenter.h"
 #include "tests/support/TestProgram.h"
@@ -89,13 +88,13 @@ private slots:
 
         // Three days and a half ahead at the first reading, one and a half at the third.
         const QStringList identifiers =
-            ReminderSchedule{clock, utc().current(), center}.plan(trialEnding(3.5 * day));
+            ReminderSchedule{clock, center}.plan(trialEnding(3.5 * day));
 
         QCOMPARE(clock.reads(), 3);
         QCOMPARE(identifiers.size(), 3);
         clock.set(now);
         clock.moveAtEachRead(2.5 * day);
-        QCOMPARE((ReminderSchedule{clock, utc().current(), center}.plan(trialEnding(3.4 * day))),
+        QCOMPARE((ReminderSchedule{clock, center}.plan(trialEnding(3.4 * day))),
                  QStringList{id + u"-3d"});
     }
 
@@ -184,7 +183,7 @@ private slots:
         RecordingNotificationCenter center;
 
         const QStringList identifiers =
-            ReminderSchedule{clock, utc().current(), center}.plan(trialEnding(hour + 20));
+            ReminderSchedule{clock, center}.plan(trialEnding(hour + 20));
 
         QCOMPARE(identifiers, QStringList{id + u"-1h"});
         QCOMPARE(center.requests().first().trigger, (WallClockMinute{2025, 1, 1, 0, 0}));
@@ -242,12 +241,6 @@ private:
     static constexpr PointInTime now{757'382'400};
     inline static const QString id = QStringLiteral("BA96CA62-A106-480E-9C02-EEBDC393F97E");
 
-    static const FixedCalendarSource &utc()
-    {
-        static const FixedCalendarSource source;
-        return source;
-    }
-
     static Trial trialEnding(double secondsFromNow, double cost = 0)
     {
         Trial trial =
@@ -260,23 +253,19 @@ private:
     struct Planned {
         explicit Planned(Trial trialToPlan, const QByteArray &zone = QByteArrayLiteral("UTC"))
             : trial{std::move(trialToPlan)},
-              calendars{zone},
+              clock{now, zone},
               identifiers{planAgain()}
         {
         }
 
-        QStringList planAgain()
-        {
-            return ReminderSchedule{clock, calendars.current(), center}.plan(trial);
-        }
+        QStringList planAgain() { return ReminderSchedule{clock, center}.plan(trial); }
         [[nodiscard]] NotificationRequest request(qsizetype index) const
         {
             return center.requests().value(index);
         }
 
         Trial trial;
-        HandMovedClock clock{now};
-        FixedCalendarSource calendars;
+        HandMovedClock clock;
         RecordingNotificationCenter center;
         QStringList identifiers;
     };

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "platform/Platform.h"
-#include "tests/support/FixedCalendarSource.h"
 #include "tests/support/HandMovedClock.h"
 #include "tests/support/HeldBackgroundTasks.h"
 #include "tests/support/RecordingNotificationCenter.h"
@@ -18,12 +17,15 @@ struct FakePlatform {
     static constexpr PointInTime start{757'382'400};
 
     HandMovedClock clock{start};
-    FixedCalendarSource calendars;
     TemporaryFolders folders;
     RecordingNotificationCenter center;
     HeldBackgroundTasks tasks;
 
-    [[nodiscard]] Platform all() { return {clock, calendars, folders, center, tasks}; }
+    [[nodiscard]] Platform all() { return onFolder(folders.path()); }
+    [[nodiscard]] Platform onFolder(const std::filesystem::path &dataFolder)
+    {
+        return {clock, dataFolder, center, tasks};
+    }
 };
 
 } // namespace norvane

@@ -3,17 +3,17 @@
 
 #pragma once
 
-#include "platform/Folders.h"
-
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <filesystem>
+
 namespace norvane {
 
 /// A fresh folder for application data that is gone with this object.
-class TemporaryFolders final : public Folders {
+class TemporaryFolders {
 public:
     TemporaryFolders()
     {
@@ -22,7 +22,7 @@ public:
     }
     TemporaryFolders(const TemporaryFolders &) = delete;
     TemporaryFolders &operator=(const TemporaryFolders &) = delete;
-    ~TemporaryFolders() override
+    ~TemporaryFolders()
     {
         // A test may have locked what is to be removed.
         for (const QString &path : {root(), storeFolder()}) {
@@ -30,11 +30,7 @@ public:
         }
     }
 
-    [[nodiscard]] QStringList applicationSupportFolders() const override { return folders_; }
-
-    /// What applicationSupportFolders() answers instead of the one fresh folder.
-    void answer(const QStringList &folders) { folders_ = folders; }
-
+    [[nodiscard]] std::filesystem::path path() const { return root().toStdString(); }
     [[nodiscard]] QString root() const { return temporary_.path(); }
     [[nodiscard]] QString storeFolder() const { return root() + QStringLiteral("/Norvane"); }
     [[nodiscard]] QString trialsFile() const
@@ -60,7 +56,6 @@ public:
 
 private:
     QTemporaryDir temporary_;
-    QStringList folders_{temporary_.path()};
 };
 
 } // namespace norvane

@@ -68,16 +68,61 @@ private slots:
         QCOMPARE(calendar.wholeDays(moment(from), moment(to)), days);
     }
 
-    void aDateThatAZoneLeftOutIsNoDayOfItsOwn()
+    void aDateThatAZoneSkippedIsNoDayOfItsOwn_data()
     {
-        // In Samoa the Thursday was followed by the Saturday.
-        const Calendar calendar{QTimeZone{"Pacific/Apia"}};
-        const PointInTime thursday = moment(QStringLiteral("2011-12-29T12:00:00-10:00"));
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<qint64>("days");
+        const auto row = [](const char *name, const char *zone, const char *from, const char *to,
+                            qint64 days) {
+            QTest::newRow(name) << QByteArray{zone} << QString::fromLatin1(from)
+                                << QString::fromLatin1(to) << days;
+        };
+        // In Samoa the Thursday 2011-12-29 was followed by the Saturday.
+        row("Apia, over it", "Pacific/Apia", "2011-12-29T12:00:00-10:00",
+            "2011-12-31T12:00:00+14:00", 2);
+        row("Apia, a second less", "Pacific/Apia", "2011-12-29T12:00:00-10:00",
+            "2011-12-31T11:59:59+14:00", 0);
+        row("Apia, a day later", "Pacific/Apia", "2011-12-29T12:00:00-10:00",
+            "2012-01-01T12:00:00+14:00", 3);
+        row("Apia, up to it", "Pacific/Apia", "2011-12-28T12:00:00-10:00",
+            "2011-12-29T12:00:00-10:00", 1);
+        row("Apia, back over it", "Pacific/Apia", "2011-12-31T12:00:00+14:00",
+            "2011-12-29T12:00:00-10:00", -2);
+        row("Apia, back a second less", "Pacific/Apia", "2011-12-31T12:00:00+14:00",
+            "2011-12-29T12:00:01-10:00", -1);
+        // On Enderbury 1994-12-30 was followed by 1995-01-01.
+        row("Enderbury, over it", "Pacific/Enderbury", "1994-12-30T06:00:00-11:00",
+            "1995-01-01T06:00:00+13:00", 2);
+        row("Enderbury, a second less", "Pacific/Enderbury", "1994-12-30T06:00:00-11:00",
+            "1995-01-01T05:59:59+13:00", 0);
+        row("Enderbury, back over it", "Pacific/Enderbury", "1995-01-01T06:00:00+13:00",
+            "1994-12-30T06:00:00-11:00", -2);
+        // At Troll clocks go two hours forward at 01:00 on 2025-03-30, and back in October.
+        row("Troll, to a time that was skipped", "Antarctica/Troll", "2025-03-29T01:30:00+00:00",
+            "2025-03-30T03:30:00+02:00", 1);
+        row("Troll, not yet to it", "Antarctica/Troll", "2025-03-29T01:30:00+00:00",
+            "2025-03-30T03:29:59+02:00", 0);
+        row("Troll, past it", "Antarctica/Troll", "2025-03-29T01:30:00+00:00",
+            "2025-03-31T01:30:00+02:00", 2);
+        row("Troll, back to a time that was skipped", "Antarctica/Troll",
+            "2025-03-31T02:00:00+02:00", "2025-03-30T04:00:00+02:00", -1);
+        row("Troll, back a second less", "Antarctica/Troll", "2025-03-31T02:00:00+02:00",
+            "2025-03-30T04:00:01+02:00", 0);
+        row("Troll, to a time that comes twice", "Antarctica/Troll", "2025-10-25T02:30:00+02:00",
+            "2025-10-26T02:30:00+02:00", 1);
+        row("Troll, back to its second coming", "Antarctica/Troll", "2025-10-27T02:30:00+00:00",
+            "2025-10-26T02:30:00+00:00", -1);
+    }
+    void aDateThatAZoneSkippedIsNoDayOfItsOwn()
+    {
+        QFETCH(const QByteArray, zone);
+        QFETCH(const QString, from);
+        QFETCH(const QString, to);
+        QFETCH(const qint64, days);
 
-        const auto dayLater = calendar.minuteOf(thursday.advanced(86'400));
-        QVERIFY(dayLater);
-        QCOMPARE(dayLater->text(), QStringLiteral("2011-12-31T12:00"));
-        QCOMPARE(calendar.wholeDays(thursday, thursday.advanced(86'400)), 2);
+        QCOMPARE(Calendar{QTimeZone{zone}}.wholeDays(moment(from), moment(to)), days);
     }
 
     void aSecondIsDroppedNotRounded_data()
@@ -136,9 +181,20 @@ private slots:
                  -60'000'000'000);
     }
 
+    void theLastSecondsThatTheCalendarHoldsHaveDays()
+    {
+        const Calendar calendar{QTimeZone{"UTC"}};
+        constexpr double last = 5'999'999'999'999'999;
+
+        QCOMPARE(calendar.wholeDays(PointInTime{last - 86'400}, PointInTime{last}), 1);
+        QCOMPARE(calendar.wholeDays(PointInTime{-last}, PointInTime{86'400 - last}), 1);
+    }
+
     void aMomentThatNoCalendarCanHoldHasNeitherDaysNorMinutes_data()
     {
         QTest::addColumn<double>("moment");
+        QTest::newRow("the first second too late") << 6e15;
+        QTest::newRow("the last one too early") << -6e15;
         QTest::newRow("1e16") << 1e16;
         QTest::newRow("1e308") << 1e308;
         QTest::newRow("-1e308") << -1e308;
@@ -192,6 +248,38 @@ private slots:
 
         QVERIFY(moved);
         QCOMPARE(moved->secondsSinceReference(), moment(to).secondsSinceReference());
+    }
+
+    void aMinuteThatIsSkippedMovesOnByTheLengthOfTheGap_data()
+    {
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<WallClockMinute>("minute");
+        QTest::addColumn<QString>("to");
+        const auto row = [](const char *name, const char *zone, const char *from,
+                            const WallClockMinute &minute, const char *to) {
+            QTest::newRow(name) << QByteArray{zone} << QString::fromLatin1(from) << minute
+                                << QString::fromLatin1(to);
+        };
+        row("two hours, from before", "Antarctica/Troll", "2025-03-29T12:00:07+00:00",
+            {2025, 3, 30, 1, 30}, "2025-03-30T03:30:07+02:00");
+        row("two hours, from after", "Antarctica/Troll", "2025-03-31T12:00:07+02:00",
+            {2025, 3, 30, 2, 59}, "2025-03-30T04:59:07+02:00");
+        row("half an hour", "Australia/Lord_Howe", "2025-10-01T12:00:00+10:30",
+            {2025, 10, 5, 2, 15}, "2025-10-05T02:45:00+11:00");
+        row("a day", "Pacific/Apia", "2011-12-29T12:00:00-10:00", {2011, 12, 30, 8, 0},
+            "2011-12-31T08:00:00+14:00");
+    }
+    void aMinuteThatIsSkippedMovesOnByTheLengthOfTheGap()
+    {
+        QFETCH(const QByteArray, zone);
+        QFETCH(const QString, from);
+        QFETCH(const WallClockMinute, minute);
+        QFETCH(const QString, to);
+
+        const auto moved = Calendar{QTimeZone{zone}}.movedToMinute(moment(from), minute);
+
+        QCOMPARE(moved, moment(to));
     }
 
     void aMinuteThatIsOnNoDateIsNotMovedTo_data()

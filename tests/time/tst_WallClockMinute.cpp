@@ -30,6 +30,30 @@ private slots:
 
         QCOMPARE(minute.text(), text);
     }
+
+    void aMinuteIsReadDigitByDigit()
+    {
+        QCOMPARE(WallClockMinute::fromText(u"2024-02-29T23:59"),
+                 (WallClockMinute{.year = 2024, .month = 2, .day = 29, .hour = 23, .minute = 59}));
+    }
+
+    void whatIsNoMinuteIsNotRead_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("no leap year") << QStringLiteral("2025-02-29T10:00");
+        QTest::newRow("hour 24") << QStringLiteral("2025-02-28T24:00");
+        QTest::newRow("year 0") << QStringLiteral("0000-02-28T10:00");
+        QTest::newRow("a sign") << QStringLiteral("2025-02-28T+1:00");
+        QTest::newRow("seconds") << QStringLiteral("2025-02-28T10:00:00");
+        QTest::newRow("a blank") << QStringLiteral("2025-02-28 10:00");
+    }
+
+    void whatIsNoMinuteIsNotRead()
+    {
+        QFETCH(const QString, text);
+
+        QVERIFY(!WallClockMinute::fromText(text));
+    }
 };
 
 NORVANE_TEST(TestWallClockMinute)

@@ -50,6 +50,17 @@ private slots:
                  (QStringList{trial.idText() + u"-24h", trial.idText() + u"-1h"}));
     }
 
+    void theTimeOfCreationIsReadBeforeTheRemindersArePlanned()
+    {
+        FakePlatform fake;
+        TrialStore store{fake.all()};
+        fake.clock.moveAtEachRead(1);
+
+        store.add(QStringLiteral("Acme"), FakePlatform::start.advanced(9 * day), 1, {});
+
+        QCOMPARE(store.trials().constLast().createdAt, FakePlatform::start);
+    }
+
     void addingPlansOnlyTheNewTrial()
     {
         FakePlatform fake;
@@ -69,7 +80,7 @@ private slots:
         TrialStore store{fake.all()};
 
         add(store, "at home", 2 * hour);
-        fake.calendars.set(QByteArrayLiteral("Asia/Tokyo"));
+        fake.clock.setZone(QByteArrayLiteral("Asia/Tokyo"));
         add(store, "on a journey", 2 * hour);
 
         QCOMPARE(fake.center.requests().size(), 2);
@@ -160,6 +171,20 @@ private slots:
 
         QCOMPARE(fake.center.operations().size(), 1);
         QVERIFY(fake.center.pending().isEmpty());
+    }
+
+    void theWithdrawalIsStartedBeforeTheListAndTheFileChange()
+    {
+        FakePlatform fake;
+        TrialStore store{fake.all()};
+        add(store, "a", 9 * day);
+        std::size_t startedThen = 0;
+        connect(&store, &TrialStore::objectWillChange, this,
+                [&] { startedThen = fake.tasks.count(); });
+
+        store.delete_(store.trials().first());
+
+        QCOMPARE(startedThen, std::size_t{1});
     }
 
     void deletingAnUnknownTrialStillSignalsWithdrawsAndWrites()

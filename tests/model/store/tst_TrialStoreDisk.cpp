@@ -4,17 +4,17 @@
 #include "model/record/TrialsFile.h"
 #include "model/store/TrialStore.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/FileEvents.h"
 #include "tests/support/ForkedChild.h"
 #include "tests/support/TestProgram.h"
 #include "tests/support/TrialsText.h"
 
 #include <QTest>
 
-#include <array>
-#include <cstring>
-#include <utility>
+#include <filesystem>
+#include <fstream>
 
-#include <sys/inotify.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace norvane;
@@ -47,6 +47,93 @@ private slots:
                  QStringList{QStringLiteral("trials.json")});
     }
 
+    void aLinkIsFollowedAlsoToAFileThatIsNotThereYet()
+    {
+        FakePlatform fake;
+        const QString target = fake.folders.root() + QStringLiteral("/elsewhere.json");
+        QVERIFY(QDir{}.mkpath(fake.folders.storeFolder()));
+        QVERIFY(QFile::link(target, fake.folders.trialsFile()));
+
+        TrialStore store{fake.all()};
+        add(store);
+
+        QCOMPARE(QFile::symLinkTarget(fake.folders.trialsFile()), target);
+        QFile file{target};
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(TrialsFile::decode(file.readAll()), store.trials());
+    }
+
+    void aFolderWhosePathIsNotUnicodeIsUsed()
+    {
+        FakePlatform fake;
+        const std::filesystem::path folder = fake.folders.path() / "Donn\xE9"
+                                                                   "es";
+
+        TrialStore store{fake.onFolder(folder)};
+        add(store);
+
+        std::ifstream file{folder / "Norvane" / "trials.json"};
+        const std::string text{std::istreambuf_iterator{file}, {}};
+        QCOMPARE(TrialsFile::decode(text), store.trials());
+        const TrialStore again{fake.onFolder(folder)};
+        QCOMPARE(again.trials().size(), 1);
+        std::filesystem::remove_all(folder); // QTemporaryDir cannot.
+    }
+
+    void foldersThatAreMadeAreForTheUserAloneAndOthersStayAsTheyAre()
+    {
+        using std::filesystem::perms;
+        FakePlatform fake;
+        const std::filesystem::path there = fake.folders.path() / "there";
+        std::filesystem::create_directory(there);
+        std::filesystem::permissions(there, perms{0755});
+
+        const auto outcome = ForkedChild::run([&] {
+            ::umask(0);
+            const TrialStore store{fake.onFolder(there / "a" / "b")};
+            return 0;
+        });
+
+        const auto modeOf = [](const std::filesystem::path &folder) {
+            return static_cast<unsigned>(std::filesystem::status(folder).permissions());
+        };
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(modeOf(there), 0755U);
+        QCOMPARE(modeOf(there / "a"), 0700U);
+        QCOMPARE(modeOf(there / "a" / "b"), 0700U);
+        QCOMPARE(modeOf(there / "a" / "b" / "Norvane"), 0700U);
+    }
+
+    void aFileThatTheMemoryDoesNotSufficeForIsAnEmptyList_data()
+    {
+        QTest::addColumn<qint64>("moreMemory");
+        QTest::newRow("already while it is read") << (qint64{1} << 20);
+        QTest::newRow("while it is decoded") << (qint64{40} << 20);
+    }
+    void aFileThatTheMemoryDoesNotSufficeForIsAnEmptyList()
+    {
+#ifdef __SANITIZE_ADDRESS__
+        QSKIP("AddressSanitizer needs all of the address space, and ends where memory does.");
+#endif
+        QFETCH(const qint64, moreMemory);
+        FakePlatform fake;
+        fake.folders.write(TrialsText{}.with("name", '"' + QByteArray(32 << 20, 'x') + '"').text());
+
+        const auto outcome = ForkedChild::run([&] {
+            const rlim_t size = static_cast<rlim_t>(addressSpace() + moreMemory);
+            const rlimit limit{size, size};
+            if (::setrlimit(RLIMIT_AS, &limit) != 0) {
+                return 2;
+            }
+            const TrialStore store{fake.all()};
+            return store.trials().isEmpty() ? 0 : 1;
+        });
+
+        QCOMPARE(outcome.output, QByteArray{});
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(fake.folders.bytes(), QByteArray{"[]"});
+    }
+
     void aPipeInPlaceOfTheFileIsNotWaitedFor()
     {
         FakePlatform fake;
@@ -77,16 +164,14 @@ private slots:
         TrialStore store{fake.all()};
         // Longer than what any buffer in between holds.
         store.add(QString{1'000'000, u'x'}, FakePlatform::start, 0, {});
-        const int watcher = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-        QVERIFY(::inotify_add_watch(watcher, qPrintable(fake.folders.trialsFile()),
-                                    IN_OPEN | IN_CLOSE | IN_MOVE_SELF | IN_DELETE_SELF) >= 0);
+        const FileEvents watcher{fake.folders.trialsFile(),
+                                 IN_OPEN | IN_CLOSE | IN_MOVE_SELF | IN_DELETE_SELF};
         const Written before = writtenByThisThread();
 
         add(store);
 
         const Written after = writtenByThisThread();
-        const QList<quint32> events = eventsOf(watcher);
-        ::close(watcher);
+        const QList<quint32> events = watcher.take();
         QCOMPARE(after.calls - before.calls, 1);
         QCOMPARE(after.bytes - before.bytes, fake.folders.bytes().size());
         QCOMPARE(events, (QList<quint32>{IN_OPEN, IN_CLOSE_WRITE}));
@@ -175,10 +260,9 @@ private slots:
     void withoutAFolderForApplicationDataTheProcessStopsInSilence()
     {
         FakePlatform fake;
-        fake.folders.answer({});
 
         const auto outcome = ForkedChild::run([&fake] {
-            const TrialStore store{fake.all()};
+            const TrialStore store{fake.onFolder({})};
             return 0;
         });
 
@@ -196,6 +280,15 @@ private:
     static void add(TrialStore &store)
     {
         store.add(QStringLiteral("Acme"), FakePlatform::start, 1, {});
+    }
+
+    /// How much address space this process uses, in bytes.
+    static qint64 addressSpace()
+    {
+        QFile file{QStringLiteral("/proc/self/statm")};
+        return file.open(QIODevice::ReadOnly)
+                   ? file.readAll().split(' ').first().toLongLong() * ::getpagesize()
+                   : 0;
     }
 
     static struct stat status(const QString &path)
@@ -221,20 +314,6 @@ private:
             }
         }
         return written;
-    }
-
-    static QList<quint32> eventsOf(int watcher)
-    {
-        QList<quint32> masks;
-        std::array<char, 4096> buffer{};
-        const ssize_t length = ::read(watcher, buffer.data(), buffer.size());
-        inotify_event event{};
-        for (std::size_t offset = 0; std::cmp_less(offset, length);
-             offset += sizeof event + event.len) {
-            std::memcpy(&event, buffer.data() + offset, sizeof event);
-            masks.append(event.mask);
-        }
-        return masks;
     }
 };
 

@@ -31,8 +31,7 @@ private slots:
             DBusNotificationCenter center;
             ThreadPoolTasks tasks;
             TrialStore store{{.clock = fake.clock,
-                              .calendars = fake.calendars,
-                              .folders = fake.folders,
+                              .dataFolder = fake.folders.path(),
                               .notificationCenter = center,
                               .backgroundTasks = tasks}};
             tasks.detach([] { QThread::msleep(100); }); // The withdrawal has to wait for this.

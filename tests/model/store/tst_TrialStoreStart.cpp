@@ -4,6 +4,7 @@
 #include "model/record/TrialsFile.h"
 #include "model/store/TrialStore.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/FileEvents.h"
 #include "tests/support/TestProgram.h"
 #include "tests/support/TrialsText.h"
 
@@ -22,26 +23,14 @@ private slots:
     {
         FakePlatform fake;
         const QString deeper = fake.folders.root() + QStringLiteral("/not/yet/there");
-        fake.folders.answer({deeper});
 
-        const TrialStore store{fake.all()};
+        const TrialStore store{fake.onFolder(deeper.toStdString())};
 
         QVERIFY(store.trials().isEmpty());
         QCOMPARE(store.activeCount(), 0);
         QFile file{deeper + QStringLiteral("/Norvane/trials.json")};
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), QByteArray{"[]"});
-    }
-
-    void theFirstOfSeveralFoldersIsUsed()
-    {
-        FakePlatform fake;
-        fake.folders.answer({fake.folders.root(), fake.folders.root() + QStringLiteral("/second")});
-
-        const TrialStore store{fake.all()};
-
-        QCOMPARE(fake.folders.bytes(), QByteArray{"[]"});
-        QVERIFY(!QFile::exists(fake.folders.root() + QStringLiteral("/second")));
     }
 
     void theFileIsLoadedInItsOrder()
@@ -77,6 +66,19 @@ private slots:
         QCOMPARE(fake.folders.bytes(), QByteArray{"[]"});
         QCOMPARE(QDir{fake.folders.storeFolder()}.entryList(QDir::Files | QDir::Hidden),
                  QStringList{QStringLiteral("trials.json")});
+    }
+
+    void aStartWritesTheFileOnceHoweverManyTrialsArePlanned()
+    {
+        FakePlatform fake;
+        fake.folders.write(TrialsText::fileOf(
+            {element("A", 5 * day), element("B", 5 * day), element("C", 5 * day)}));
+        const FileEvents events{fake.folders.trialsFile(), IN_OPEN | IN_CLOSE};
+
+        const TrialStore store{fake.all()};
+
+        QCOMPARE(events.take(),
+                 (QList<quint32>{IN_OPEN, IN_CLOSE_NOWRITE, IN_OPEN, IN_CLOSE_WRITE}));
     }
 
     void everyStartWritesTheFileAnew()

@@ -21,33 +21,33 @@ private slots:
     {
         FolderLock lock;
 
-        QCOMPARE(lock.take(folder_.path(), 0ms), FolderLock::Answer::Taken);
-        QCOMPARE(lock.take(folder_.path(), 0ms), FolderLock::Answer::Taken);
+        QCOMPARE(lock.take(path(), 0ms), FolderLock::Answer::Taken);
+        QCOMPARE(lock.take(path(), 0ms), FolderLock::Answer::Taken);
     }
 
     void theSecondIsKeptOutAsLongAsTheFirstIsThere()
     {
         auto first = std::make_unique<FolderLock>();
         FolderLock second;
-        QCOMPARE(first->take(folder_.path(), 0ms), FolderLock::Answer::Taken);
-        QCOMPARE(second.take(folder_.path(), 20ms), FolderLock::Answer::Held);
+        QCOMPARE(first->take(path(), 0ms), FolderLock::Answer::Taken);
+        QCOMPARE(second.take(path(), 20ms), FolderLock::Answer::Held);
 
         first.reset();
 
-        QCOMPARE(second.take(folder_.path(), 0ms), FolderLock::Answer::Taken);
+        QCOMPARE(second.take(path(), 0ms), FolderLock::Answer::Taken);
     }
 
     void theSecondWaitsForAFirstThatIsAboutToLetGo()
     {
         auto first = std::make_unique<FolderLock>();
         FolderLock second;
-        QCOMPARE(first->take(folder_.path(), 0ms), FolderLock::Answer::Taken);
+        QCOMPARE(first->take(path(), 0ms), FolderLock::Answer::Taken);
 
         std::thread end{[&first] {
             std::this_thread::sleep_for(50ms); // Most likely after the second has begun to wait.
             first.reset();
         }};
-        const FolderLock::Answer answer = second.take(folder_.path(), 1min);
+        const FolderLock::Answer answer = second.take(path(), 1min);
         end.join();
 
         QCOMPARE(answer, FolderLock::Answer::Taken);
@@ -57,11 +57,12 @@ private slots:
     {
         FolderLock lock;
 
-        QCOMPARE(lock.take(folder_.filePath(QStringLiteral("none")), 0ms),
-                 FolderLock::Answer::NoFolder);
+        QCOMPARE(lock.take(path() / "none", 0ms), FolderLock::Answer::NoFolder);
     }
 
 private:
+    std::filesystem::path path() const { return folder_.path().toStdString(); }
+
     QTemporaryDir folder_;
 };
 

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 using namespace norvane;
+using std::filesystem::path;
 
 class TestXdgFolders final : public QObject {
     Q_OBJECT
@@ -25,8 +26,8 @@ private slots:
 
     void withoutTheVariablesTheFoldersLieInTheHome()
     {
-        QCOMPARE(dataFolders(), QStringList{QStringLiteral("/home/ada/.local/share")});
-        QCOMPARE(XdgFolders::stateFolder(), QStringLiteral("/home/ada/.local/state"));
+        QCOMPARE(XdgFolders::dataFolder(), path{"/home/ada/.local/share"});
+        QCOMPARE(XdgFolders::stateFolder(), path{"/home/ada/.local/state"});
     }
 
     void anAbsolutePathInAVariableIsTheFolder()
@@ -34,8 +35,8 @@ private slots:
         qputenv("XDG_DATA_HOME", "/data/ada");
         qputenv("XDG_STATE_HOME", "/state/ada");
 
-        QCOMPARE(dataFolders(), QStringList{QStringLiteral("/data/ada")});
-        QCOMPARE(XdgFolders::stateFolder(), QStringLiteral("/state/ada"));
+        QCOMPARE(XdgFolders::dataFolder(), path{"/data/ada"});
+        QCOMPARE(XdgFolders::stateFolder(), path{"/state/ada"});
     }
 
     void anythingElseInAVariableIsIgnored_data()
@@ -53,15 +54,26 @@ private slots:
         qputenv("XDG_DATA_HOME", value);
         qputenv("XDG_STATE_HOME", value);
 
-        QCOMPARE(dataFolders(), QStringList{QStringLiteral("/home/ada/.local/share")});
-        QCOMPARE(XdgFolders::stateFolder(), QStringLiteral("/home/ada/.local/state"));
+        QCOMPARE(XdgFolders::dataFolder(), path{"/home/ada/.local/share"});
+        QCOMPARE(XdgFolders::stateFolder(), path{"/home/ada/.local/state"});
     }
 
     void aPathMayHoldBlanksAndLettersOfAnyScript()
     {
         qputenv("XDG_DATA_HOME", "/home/ada/Daten für alle");
 
-        QCOMPARE(dataFolders(), QStringList{QStringLiteral("/home/ada/Daten für alle")});
+        QCOMPARE(XdgFolders::dataFolder(), path{"/home/ada/Daten für alle"});
+    }
+
+    void aPathNeedNotBeUnicode()
+    {
+        qputenv("XDG_DATA_HOME", "/home/ada/Donn\xE9"
+                                 "es");
+        qputenv("HOME", "/home/\xE9ric");
+
+        QCOMPARE(XdgFolders::dataFolder(), path{"/home/ada/Donn\xE9"
+                                                "es"});
+        QCOMPARE(XdgFolders::stateFolder(), path{"/home/\xE9ric/.local/state"});
     }
 
     void withoutTheHomeVariableTheUserDatabaseKnowsTheHome_data()
@@ -83,8 +95,7 @@ private slots:
         const passwd *const user = ::getpwuid(::getuid());
         QVERIFY(user != nullptr);
 
-        QCOMPARE(dataFolders(), QStringList{QString::fromLocal8Bit(user->pw_dir) +
-                                            QStringLiteral("/.local/share")});
+        QCOMPARE(XdgFolders::dataFolder(), path{user->pw_dir} / ".local/share");
     }
 
     void aUserWithoutAHomeHasNoFolders()
@@ -96,14 +107,14 @@ private slots:
         constexpr uid_t unknownUser = 54'321;
 
         const auto outcome = ForkedChild::run(
-            [] { return dataFolders().isEmpty() && XdgFolders::stateFolder().isEmpty() ? 0 : 1; },
+            [] {
+                return XdgFolders::dataFolder().empty() && XdgFolders::stateFolder().empty() ? 0
+                                                                                             : 1;
+            },
             unknownUser);
 
         QCOMPARE(outcome.status, 0);
     }
-
-private:
-    static QStringList dataFolders() { return XdgFolders{}.applicationSupportFolders(); }
 };
 
 NORVANE_TEST(TestXdgFolders)
