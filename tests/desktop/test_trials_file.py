@@ -4,17 +4,20 @@
 
 import json
 import os
+import stat
 import subprocess
 import sys
+import tempfile
 from pathlib import Path
 
 import pytest
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 
+from support.norvane import PROGRAM, Norvane, trials_file, write  # noqa: E402
 from support.waiting import wait_until  # noqa: E402
 
-PROGRAM = Path(os.environ["NORVANE_BUILD"]) / "app/norvane"
+ORDINARY_USER = 65534
 TRIAL = {
     "id": "BA96CA62-A106-480E-9C02-EEBDC393F97E",
     "name": "Acme Cloud",
@@ -26,41 +29,12 @@ TRIAL = {
 }
 
 
-class Norvane:
-    """One run of the program without a display and without a bus."""
-
-    def __init__(self, home, before=(), **environment):
-        self.command = [*before, PROGRAM]
-        self.environment = {
-            "PATH": os.environ["PATH"],
-            "HOME": str(home),
-            "XDG_RUNTIME_DIR": str(home),
-            "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere",
-            "QT_QPA_PLATFORM": "offscreen",
-        } | environment
-
-    def __enter__(self):
-        self.process = subprocess.Popen(self.command, env=self.environment, stdin=subprocess.DEVNULL)
-        return self
-
-    def __exit__(self, *_):
-        self.process.terminate()
-        assert self.process.wait(30) == 0
-
-
-def trials_file(home):
-    return home / ".local/share/Norvane/trials.json"
-
-
-def write(home, text):
-    file = trials_file(home)
-    file.parent.mkdir(parents=True)
-    file.write_text(text)
-    return file
-
-
 def wait_for_text(file, text):
-    wait_until(lambda: file.exists() and file.read_text() == text, f"{text[:100]} in the file")
+    def has_text():
+        # The size first: the file may be larger than the memory.
+        return file.exists() and file.stat().st_size == len(text.encode()) and file.read_text() == text
+
+    wait_until(has_text, f"{text[:100]} in the file")
 
 
 @pytest.fixture(scope="module")
@@ -77,3 +51,40 @@ def test_numbers_keep_their_fractions_in_a_locale_without_a_decimal_point(tmp_pa
 
     with Norvane(tmp_path, LOCPATH=str(locales), LANG="C.UTF-8", **{variable: "ps_AF"}):
         wait_for_text(file, json.dumps([TRIAL], separators=(",", ":")))
+
+
+@pytest.mark.skipif(b"__asan_init" in PROGRAM.read_bytes(), reason="AddressSanitizer needs all of the address space")
+def test_a_file_larger_than_the_memory_is_an_empty_list(tmp_path):
+    file = write(tmp_path, json.dumps([TRIAL]))
+    os.truncate(file, 1 << 40)  # Sparse: it takes no space on the disk.
+
+    with Norvane(tmp_path, before=["prlimit", f"--as={4 << 30}"]):
+        wait_for_text(file, "[]")
+
+
+def test_a_data_folder_whose_path_is_not_unicode_is_used(tmp_path):
+    folder = os.fsencode(tmp_path) + b"/Donn\xe9es"
+    file = Path(os.fsdecode(folder)) / "Norvane/trials.json"
+
+    with Norvane(tmp_path, XDG_DATA_HOME=folder):
+        wait_for_text(file, "[]")
+
+    assert os.listdir(os.fsencode(tmp_path)) == [b"Donn\xe9es"]
+
+
+def test_folders_that_it_makes_are_for_the_user_alone_and_others_stay_as_they_are():
+    with tempfile.TemporaryDirectory() as folder:
+        home = Path(folder)
+        local = home / ".local"
+        local.mkdir()
+        for path, mode in (home, 0o755), (local, 0o750):
+            path.chmod(mode)
+            os.chown(path, ORDINARY_USER, ORDINARY_USER)
+        user = ["setpriv", f"--reuid={ORDINARY_USER}", f"--regid={ORDINARY_USER}", "--clear-groups"]
+
+        with Norvane(home, before=user):
+            wait_for_text(trials_file(home), "[]")
+
+        modes = {path.relative_to(home).as_posix(): stat.S_IMODE(path.stat().st_mode)
+                 for path in (local, local / "share", local / "share/Norvane")}
+        assert modes == {".local": 0o750, ".local/share": 0o700, ".local/share/Norvane": 0o700}
