@@ -143,8 +143,10 @@ private slots:
     void membersOfOtherNamesAreReadOverAndNotKept_data()
     {
         QTest::addColumn<QByteArray>("value");
-        for (const char *const value : {"null", "true", "-0", "1e999", "-1e999", "[1e999]", "1.5e3",
-                                        "\"\\u00e9\"", "[[],{}]", R"({"id":1,"cost":null})"}) {
+        for (const char *const value :
+             {"null", "true", "-0", "1e999", "-1e999", "[1e999]", "1.5e3", "1E999", "1e+999",
+              "12.5e999", "0.1E+999", "[1e999,2,1e999]", "\"\\u00e9\"", "[[],{}]",
+              R"({"id":1,"cost":null})"}) {
             QTest::newRow(value) << QByteArray{value};
         }
     }
@@ -200,6 +202,30 @@ private slots:
 
         QVERIFY(trials);
         QCOMPARE(trials->first().name, QStringLiteral("\\\" 1e999"));
+    }
+
+    void digitsInsideATextAreTextAlsoBesideANumberThatNoDoubleHolds_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("a number") << QByteArray{"1e999"} << QStringLiteral("1e999");
+        QTest::newRow("after an escaped quote")
+            << QByteArray{R"(a\"1e999)"} << QStringLiteral("a\"1e999");
+        QTest::newRow("after an escaped backslash")
+            << QByteArray{R"(1e999\\)"} << QStringLiteral("1e999\\");
+        QTest::newRow("between escaped quotes")
+            << QByteArray{R"(\"1e999\")"} << QStringLiteral("\"1e999\"");
+    }
+    void digitsInsideATextAreTextAlsoBesideANumberThatNoDoubleHolds()
+    {
+        QFETCH(const QByteArray, text);
+        QFETCH(const QString, name);
+
+        const auto trials = TrialsFile::decode(
+            TrialsText{}.with("name", '"' + text + '"').plus("\"other\":1e999").text());
+
+        QVERIFY(trials);
+        QCOMPARE(trials->first().name, name);
     }
 
     void aNegativeZeroStaysNegative_data()

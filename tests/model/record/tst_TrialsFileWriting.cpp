@@ -16,6 +16,27 @@ class TestTrialsFileWriting final : public QObject {
     Q_OBJECT
 
 private slots:
+    void aWholeNumberIsWrittenWithoutAFraction_data()
+    {
+        QTest::addColumn<double>("cost");
+        QTest::addColumn<QByteArray>("digits");
+        QTest::newRow("zero") << 0.0 << QByteArray{"0"};
+        QTest::newRow("positive") << 12.0 << QByteArray{"12"};
+        QTest::newRow("negative") << -3.0 << QByteArray{"-3"};
+    }
+    void aWholeNumberIsWrittenWithoutAFraction()
+    {
+        QFETCH(const double, cost);
+        QFETCH(const QByteArray, digits);
+        const QByteArray text = TrialsText{}.with("cost", digits).text();
+        auto trials = TrialsFile::decode(TrialsText{}.text());
+        QVERIFY(trials);
+
+        trials->first().cost = cost;
+
+        QCOMPARE(TrialsFile::encode(*trials), text);
+    }
+
     void aReferenceTextIsWrittenAsRecorded_data()
     {
         QTest::addColumn<QString>("text");
