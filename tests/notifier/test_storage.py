@@ -196,6 +196,7 @@ def open_notifier():
     with TemporaryDirectory() as name:
         folder = Path(name)
         folder.chmod(0o755)
+        (folder / "state").mkdir()  # Made by the notifier, it would be for its user alone.
         with PrivateBus(folder / "bus") as bus, Notifier(bus, folder / "state") as one:
             yield one
             one.folder.chmod(0o755)  # So that it can be removed.
