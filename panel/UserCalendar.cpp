@@ -110,7 +110,7 @@ QString UserCalendar::text(PointInTime moment, Part part) const
 
 bool UserCalendar::understands(PointInTime moment, Part part, const QString &text) const
 {
-    const std::optional<WallClockMinute> before = calendars_.current().minuteOf(moment);
+    const std::optional<WallClockMinute> before = clock_.calendar().minuteOf(moment);
     return before && format(part).read(text, *before);
 }
 

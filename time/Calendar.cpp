@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace norvane {
 
@@ -40,7 +41,7 @@ struct Calendar::LocalTime {
     seconds timeOfDay;
 };
 
-Calendar::Calendar(const Zone &zone) : zone_{zone} {}
+Calendar::Calendar(Zone zone) : zone_{std::move(zone)} {}
 
 std::optional<Calendar::LocalTime> Calendar::localTime(PointInTime moment) const
 {

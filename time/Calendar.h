@@ -25,7 +25,7 @@ namespace norvane {
 /// instant after the gap, because its minute is then in the past.
 class Calendar {
 public:
-    explicit Calendar(const Zone &zone);
+    explicit Calendar(Zone zone);
 
     /// Whole calendar days between two moments, both with their time of day, truncated toward zero.
     ///

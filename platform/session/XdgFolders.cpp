@@ -12,41 +12,40 @@ namespace norvane {
 
 namespace {
 
-using std::filesystem::path;
-
 /// The variable's value where it is an absolute path; the rules have a relative one ignored.
-path absolutePathIn(const char *variable)
+std::filesystem::path absolutePathIn(const char *variable)
 {
     const char *const value = std::getenv(variable);
-    return value != nullptr && *value == '/' ? path{value} : path{};
+    return value != nullptr && *value == '/' ? std::filesystem::path{value}
+                                             : std::filesystem::path{};
 }
 
-path home()
+std::filesystem::path home()
 {
-    if (path folder = absolutePathIn("HOME"); !folder.empty()) {
+    if (std::filesystem::path folder = absolutePathIn("HOME"); !folder.empty()) {
         return folder;
     }
     const passwd *const user = ::getpwuid(::getuid());
-    return user != nullptr ? path{user->pw_dir} : path{};
+    return user != nullptr ? std::filesystem::path{user->pw_dir} : std::filesystem::path{};
 }
 
-path baseFolder(const char *variable, const char *belowHome)
+std::filesystem::path baseFolder(const char *variable, const char *belowHome)
 {
-    if (path folder = absolutePathIn(variable); !folder.empty()) {
+    if (std::filesystem::path folder = absolutePathIn(variable); !folder.empty()) {
         return folder;
     }
-    const path start = home();
-    return start.empty() ? path{} : start / belowHome;
+    const std::filesystem::path start = home();
+    return start.empty() ? std::filesystem::path{} : start / belowHome;
 }
 
 } // namespace
 
-path XdgFolders::dataFolder()
+std::filesystem::path XdgFolders::dataFolder()
 {
     return baseFolder("XDG_DATA_HOME", ".local/share");
 }
 
-path XdgFolders::stateFolder()
+std::filesystem::path XdgFolders::stateFolder()
 {
     return baseFolder("XDG_STATE_HOME", ".local/state");
 }

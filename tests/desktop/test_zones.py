@@ -31,7 +31,8 @@ def other_etc(folder):
     """A command that runs another one with a copy of Tokyo's zone as /etc/localtime, a file and not
     a link, beside an /etc/timezone that still names Berlin."""
     etc = folder / "etc"
-    shutil.copytree("/etc", etc, symlinks=True, ignore=lambda path, names: ["localtime", "timezone"] if path == "/etc" else [])
+    shutil.copytree("/etc", etc, symlinks=True,
+                    ignore=lambda path, names: ["localtime", "timezone"] if path == "/etc" else [])
     shutil.copy(DATABASE / "Asia/Tokyo", etc / "localtime")
     (etc / "timezone").write_text("Europe/Berlin\n")
     return mounted(etc, "/etc")
@@ -66,7 +67,8 @@ def check_both_processes(tmp_path, before=(), **environment):
     write(tmp_path / "home", json.dumps(trials))
     reminders = {trial["id"] + suffix: end - lead for trial, end in zip(trials, ends) for suffix, lead in LEADS.items()}
     with PrivateBus(tmp_path / "bus") as bus, Notifier(bus, tmp_path / "state") as notifier:
-        notifier.environment = {name: value for name, value in notifier.environment.items() if name != "TZ"} | environment
+        notifier.environment.pop("TZ", None)
+        notifier.environment |= environment
         notifier.start(command=tuple(before))
         with Norvane(tmp_path / "home", before, DBUS_SESSION_BUS_ADDRESS=bus.address, **environment):
             wait_until(lambda: len(notifier.identifiers()) == len(reminders), "all requests", 30)
