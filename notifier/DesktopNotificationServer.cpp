@@ -43,11 +43,13 @@ bool isFromServer(const QDBusMessage &answer)
     return answer.service().startsWith(u':');
 }
 
-/// LXQt's server drew a button without text for the action of a click before its version 1.2.
+/// Whether a server draws a button without text for the action of a click: LXQt's did before its
+/// version 1.2, Xfce's does in Debian 13, and no version of it reports a click that hits no button.
 bool drawsClickAction(const QString &name, const QString &version)
 {
-    return name == QLatin1StringView{"lxqt-notificationd"} &&
-           QVersionNumber::fromString(version) < QVersionNumber{1, 2};
+    return name == QLatin1StringView{"Xfce Notify Daemon"} ||
+           (name == QLatin1StringView{"lxqt-notificationd"} &&
+            QVersionNumber::fromString(version) < QVersionNumber{1, 2});
 }
 
 } // namespace

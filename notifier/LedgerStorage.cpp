@@ -74,7 +74,11 @@ LedgerStorage::~LedgerStorage()
 
 bool LedgerStorage::open()
 {
-    database_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection_);
+    const QString driver = QStringLiteral("QSQLITE");
+    if (!QSqlDatabase::isDriverAvailable(driver)) {
+        return false; // Qt would print two lines of its own.
+    }
+    database_ = QSqlDatabase::addDatabase(driver, connection_);
     database_.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI"));
     database_.setDatabaseName(QStringLiteral(":memory:"));
     if (!database_.open()) {

@@ -147,7 +147,8 @@ def test_a_click_on_another_programs_notification_means_nothing(notifier, server
 
 
 @pytest.mark.parametrize("name, version, actions", [
-    ("lxqt-notificationd", "1.1.0", []), ("lxqt-notificationd", "1.2.0", ["default", ""])])
+    ("lxqt-notificationd", "1.1.0", []), ("lxqt-notificationd", "1.2.0", ["default", ""]),
+    ("Xfce Notify Daemon", "0.9.7", [])])
 def test_a_server_that_would_draw_a_button_for_the_click_is_given_none(
         bus, notifier, name, version, actions):
     with NotificationServer(bus, capabilities=("body", "actions"), name=name,

@@ -3,8 +3,10 @@
 
 """How the notification centre starts, and when it ends."""
 
+import shutil
 import signal
 import subprocess
+from pathlib import Path
 
 import pytest
 from gi.repository import GLib
@@ -194,6 +196,16 @@ def test_without_a_session_bus_its_status_says_that_a_restart_is_useless(notifie
     environment = {**notifier.environment, "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
 
     assert subprocess.run([notifier.program], env=environment).returncode == 69
+
+
+def test_without_qts_sqlite_driver_it_ends_with_one_plain_line(notifier, tmp_path):
+    alone = Path(shutil.copy(notifier.program, tmp_path / "norvane-notifier"))
+    alone.with_name("qt.conf").write_text("[Paths]\nPlugins=none\n")
+
+    answer = subprocess.run([alone], env=notifier.environment, capture_output=True, text=True)
+
+    assert answer.returncode == 69
+    assert answer.stderr == "Qt's SQLite driver is missing; reminders cannot be kept.\n"
 
 
 def test_what_was_asked_for_just_before_a_signal_to_end_is_kept(notifier):

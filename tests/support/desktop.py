@@ -192,8 +192,8 @@ class Desktop:
         x, y, width, height = node["box"]
         self.click(x + width // 2, y + height // 2)
 
-    def click(self, x, y):
-        self.run("xdotool", "mousemove", x, y, "sleep", "0.1", "click", "1")
+    def click(self, x, y, button=1):
+        self.run("xdotool", "mousemove", x, y, "sleep", "0.1", "click", button)
 
     def type(self, text):
         self.run("xdotool", "type", "--delay", "15", text)

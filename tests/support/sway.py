@@ -51,8 +51,8 @@ class Sway(Desktop):
         self._outside("import", "-window", "root", "-depth", "8", path)
         return Path(path)
 
-    def click(self, x, y):
-        self._outside("xdotool", "mousemove", x, y, "sleep", "0.1", "click", "1")
+    def click(self, x, y, button=1):
+        self._outside("xdotool", "mousemove", x, y, "sleep", "0.1", "click", button)
 
     def type(self, text):
         self._outside("xdotool", "type", "--delay", "15", text)
