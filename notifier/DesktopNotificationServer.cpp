@@ -38,9 +38,22 @@ QDBusMessage message(const QString &method)
 }
 
 /// Whether a server sent it; other errors come from the bus, or from the library on this side.
+/// Their names tell: who sent an answer is nothing that Qt says in every version.
 bool isFromServer(const QDBusMessage &answer)
 {
-    return answer.service().startsWith(u':');
+    const QString error = answer.errorName();
+    const QString family = QStringLiteral("org.freedesktop.DBus.Error.");
+    static const QStringList others{
+        QStringLiteral("ServiceUnknown"), QStringLiteral("NameHasNoOwner"),
+        QStringLiteral("NoReply"),        QStringLiteral("Timeout"),
+        QStringLiteral("TimedOut"),       QStringLiteral("Disconnected"),
+        QStringLiteral("LimitsExceeded"),
+    };
+    if (error.startsWith(QLatin1StringView{"org.qtproject.QtDBus."})) {
+        return false;
+    }
+    return !error.startsWith(family + QLatin1StringView{"Spawn."}) &&
+           !(error.startsWith(family) && others.contains(error.mid(family.size())));
 }
 
 /// Whether a server draws a button without text for the action of a click: LXQt's did before its

@@ -3,6 +3,7 @@
 """What an installation consists of, and that Norvane runs from one."""
 
 import os
+import re
 import subprocess
 from pathlib import Path
 
@@ -13,6 +14,7 @@ from support.shell import Shell
 from support.waiting import wait_until
 
 SHARE = "usr/local/share"
+PROGRAMS = ["bin/norvane", "libexec/norvane-notifier", "libexec/norvane/norvane-legacy-tray"]
 
 
 @pytest.fixture(scope="module")
@@ -40,6 +42,25 @@ def root(folder):
 ])
 def test_it_brings_what_a_desktop_expects(root, path):
     assert (root / path).is_file()
+
+
+def elf(root, program, *what):
+    return subprocess.run(["readelf", "--wide", *what, root / "usr/local" / program], check=True,
+                          capture_output=True, text=True).stdout
+
+
+@pytest.mark.parametrize("program", PROGRAMS)
+def test_a_program_looks_for_libraries_where_the_system_has_them(root, program):
+    assert not re.search(r"\((RUNPATH|RPATH)\)", elf(root, program, "--dynamic"))
+
+
+@pytest.mark.parametrize("program", PROGRAMS)
+def test_what_ships_is_hardened(root, program):
+    if "CMAKE_BUILD_TYPE:STRING=Release\n" not in (BUILD / "CMakeCache.txt").read_text():
+        pytest.skip("only the preset release is what ships")
+    assert "BIND_NOW" in elf(root, program, "--dynamic")
+    assert "GNU_RELRO" in elf(root, program, "--segments")
+    assert "__stack_chk_fail" in elf(root, program, "--dyn-syms")
 
 
 def test_what_starts_the_notifier_names_the_installed_program(root):

@@ -49,6 +49,14 @@ def test_where_everything_is_installed_it_needs_neither_root_nor_the_network(mac
     assert (answer.returncode, answer.stdout, answer.stderr) == (0, "", "")
 
 
+def test_no_script_but_one_installs_anything_on_this_machine():
+    """scripts/elsewhere does, too, in a system of its own."""
+    callers = {script.name for script in (ROOT / "scripts").iterdir()
+               if script.is_file() and re.search(r"\bapt(-get)? (-\S+ )*(install|update)\b", script.read_text())}
+
+    assert callers == {"install-packages", "elsewhere"}
+
+
 @pytest.mark.parametrize(("manager", "command", "names"), [
     ("debian", "apt-get install --no-install-recommends", {"libqt6sql6-sqlite", "qml6-module-qtquick", "qt6-base-dev"}),
     ("fedora", "dnf install", {"qt6-qtbase", "qt6-qtdeclarative-devel", "gcc-c++"}),

@@ -19,13 +19,16 @@ PanelTest {
     function day() { return found("Trial ends", "Day") }
     function time() { return found("Trial ends", "Time") }
 
+    // Later versions of Qt write a narrow blank before "PM".
+    function shown(field) { return field.text.replace(/\u202f/g, " ") }
+
     // Seconds from the fixture's start, a quarter of a minute after 9:30, to a wall clock's moment.
     function at(text) { return fixture.secondsFromStart(fixture.berlin(text)) }
     function chosen() { return fixture.secondsFromStart(panel.newEndDate) }
 
     function test_bothPartsAreShownInTheLocalesFormat() {
         openForm()
-        compare([day().text, time().text], ["1/15/2025", "9:30 AM"])
+        compare([day().text, shown(time())], ["1/15/2025", "9:30 AM"])
         openForm("de_DE")
         compare([day().text, time().text], ["15.01.2025", "09:30"])
     }
@@ -45,13 +48,13 @@ PanelTest {
 
         time().forceActiveFocus(Qt.TabFocusReason)
         keyClick(Qt.Key_Up)
-        compare(time().text, "10:30 AM")
+        compare(shown(time()), "10:30 AM")
         time().cursorPosition = 4
         keyClick(Qt.Key_Down)
-        compare(time().text, "10:29 AM")
+        compare(shown(time()), "10:29 AM")
         time().cursorPosition = 8
         keyClick(Qt.Key_Up)
-        compare(time().text, "10:29 PM")
+        compare(shown(time()), "10:29 PM")
         compare(chosen(), at("2025-02-14T22:29:15"))
     }
 
@@ -113,7 +116,7 @@ PanelTest {
 
         keyClick(Qt.Key_Return)
 
-        compare(time().text, "6:45 PM")
+        compare(shown(time()), "6:45 PM")
         compare(chosen(), at("2025-01-15T18:45:15"))
     }
 
@@ -163,7 +166,8 @@ PanelTest {
 
         compare(fixture.names(), [])
         verify(panel.showingAdd)
-        compare([data.field().text, data.field().selectedText], [data.old, data.old])
+        compare(shown(data.field()), data.old)
+        compare(data.field().selectedText, data.field().text)
         compare(focusItem(), data.field())
         data.submit() // Now everything that will be stored has been seen.
         compare(fixture.names(), ["Acme"])

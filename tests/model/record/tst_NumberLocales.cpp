@@ -40,7 +40,8 @@ private slots:
             }
         }
         QVERIFY(localeOfMark_.contains(QStringLiteral(",")));
-        QVERIFY(localeOfMark_.contains(QStringLiteral("<U066B>"))); // Two bytes in UTF-8.
+        QVERIFY(localeOfMark_.contains(QStringLiteral("<U066B>")) || // Two bytes in UTF-8;
+                localeOfMark_.contains(QStringLiteral("٫")));        // later releases write it so.
 
         qputenv("LOCPATH", locales_.path().toLocal8Bit());
         for (const QString &name : std::as_const(localeOfMark_)) {
