@@ -4,9 +4,11 @@
 #include "panel/AccessibleItem.h"
 
 #include "panel/AccessibleList.h"
+#include "panel/AccessibleTable.h"
 #include "panel/AccessibleTextField.h"
 
 #include <QAccessible>
+#include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -38,10 +40,30 @@ QAccessibleInterface *make(const QString &className, QObject *object)
     if (className == QStringLiteral("QQuickListView")) {
         return new AccessibleList{item};
     }
+    if (className == QStringLiteral("QQuickGrid")) {
+        return new AccessibleTable{item};
+    }
+    // Not by its role, which may not be set yet when an item gets the focus as soon as it is made.
+    if (className == QStringLiteral("QQuickItem") && item->parentItem() != nullptr &&
+        item->parentItem()->inherits("QQuickGrid")) {
+        return new AccessibleCell{item};
+    }
     if (className == QStringLiteral("QQuickAbstractButton")) {
         return new AccessibleItem{item};
     }
     return nullptr;
+}
+
+/// Tells a screen reader where the focus is in a window that became active. Qt says so only when
+/// the focus moves, and a window that is shown again has it where it was.
+void sayFocus(QWindow *active)
+{
+    const auto *const window = qobject_cast<QQuickWindow *>(active);
+    QQuickItem *const focused = window != nullptr ? window->activeFocusItem() : nullptr;
+    if (focused != nullptr && QAccessible::queryAccessibleInterface(focused) != nullptr) {
+        QAccessibleEvent event{focused, QAccessible::Focus};
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 } // namespace
@@ -59,6 +81,8 @@ AccessibleItem::AccessibleItem(QQuickItem *item) : QAccessibleObject{item}
 void AccessibleItem::install()
 {
     QAccessible::installFactory(make);
+    [[maybe_unused]] static const QMetaObject::Connection once =
+        QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, sayFocus);
 }
 
 QQuickItem *AccessibleItem::item() const
@@ -144,8 +168,9 @@ QStringList AccessibleItem::actionNames() const
     if (!item()->isEnabled()) {
         return {};
     }
-    return role() == QAccessible::Button ? QStringList{pressAction(), setFocusAction()}
-                                         : QStringList{setFocusAction()};
+    const bool canBePressed = role() == QAccessible::Button || role() == QAccessible::Cell;
+    return canBePressed ? QStringList{pressAction(), setFocusAction()}
+                        : QStringList{setFocusAction()};
 }
 
 void AccessibleItem::doAction(const QString &name)

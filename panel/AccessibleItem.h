@@ -19,9 +19,10 @@ public:
     /// For a QQuickItem with `Accessible` properties.
     explicit AccessibleItem(QQuickItem *item);
 
-    /// Lets every text field, button and list of the program that has `Accessible` properties be
-    /// described by the classes here; to be called before the first item is made. Calling it again
-    /// changes nothing.
+    /// Lets every text field, button, list and grid of the program that has `Accessible` properties
+    /// be described by the classes here; to be called before the first item is made and after the
+    /// application. Also lets a screen reader hear where the focus is whenever a window becomes
+    /// active. Calling it again changes nothing.
     static void install();
 
     [[nodiscard]] QWindow *window() const override;

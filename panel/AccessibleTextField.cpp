@@ -8,6 +8,7 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace norvane {
@@ -63,6 +64,11 @@ QString AccessibleTextField::all() const
 QString AccessibleTextField::text(QAccessible::Text kind) const
 {
     return kind == QAccessible::Value ? all() : AccessibleItem::text(kind);
+}
+
+QAccessible::Role AccessibleTextField::role() const
+{
+    return currentValue().isValid() ? QAccessible::SpinBox : AccessibleItem::role();
 }
 
 QAccessible::State AccessibleTextField::state() const
@@ -231,6 +237,21 @@ void AccessibleTextField::replaceText(int start, int end, const QString &text)
     QMetaObject::invokeMethod(item(), "insert", Q_ARG(int, from), Q_ARG(QString, text));
 }
 
+QVariant AccessibleTextField::currentValue() const
+{
+    return item()->property("value");
+}
+
+QVariant AccessibleTextField::minimumValue() const
+{
+    return std::numeric_limits<int>::min();
+}
+
+QVariant AccessibleTextField::maximumValue() const
+{
+    return std::numeric_limits<int>::max();
+}
+
 void *AccessibleTextField::interface_cast(QAccessible::InterfaceType type)
 {
     switch (type) {
@@ -238,6 +259,9 @@ void *AccessibleTextField::interface_cast(QAccessible::InterfaceType type)
         return static_cast<QAccessibleTextInterface *>(this);
     case QAccessible::EditableTextInterface:
         return static_cast<QAccessibleEditableTextInterface *>(this);
+    case QAccessible::ValueInterface:
+        return role() == QAccessible::SpinBox ? static_cast<QAccessibleValueInterface *>(this)
+                                              : nullptr;
     default:
         return AccessibleItem::interface_cast(type);
     }

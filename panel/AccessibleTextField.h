@@ -7,6 +7,7 @@
 
 #include <QAccessibleEditableTextInterface>
 #include <QAccessibleTextInterface>
+#include <QAccessibleValueInterface>
 
 namespace norvane {
 
@@ -16,15 +17,20 @@ namespace norvane {
 /// Every question is answered at once at every offset; Qt's own answer for the word at the end of a
 /// text never comes. Offsets count UTF-16 units; -1 is the end of the text, and beyond the end
 /// there is nothing. An edit counts as one by the user.
+///
+/// A field whose property `value` holds an integer is one that can be stepped: its role is SpinBox,
+/// and when the value changes, its text is read out. The value is only to be read, not to be set.
 class AccessibleTextField final : public AccessibleItem,
                                   public QAccessibleTextInterface,
-                                  public QAccessibleEditableTextInterface {
+                                  public QAccessibleEditableTextInterface,
+                                  public QAccessibleValueInterface {
 public:
     /// For a QML TextInput.
     using AccessibleItem::AccessibleItem;
 
     using AccessibleItem::text;
     [[nodiscard]] QString text(QAccessible::Text kind) const override;
+    [[nodiscard]] QAccessible::Role role() const override;
     [[nodiscard]] QAccessible::State state() const override;
 
     void selection(int index, int *start, int *end) const override;
@@ -59,6 +65,12 @@ public:
     void deleteText(int start, int end) override;
     void insertText(int offset, const QString &text) override;
     void replaceText(int start, int end, const QString &text) override;
+
+    [[nodiscard]] QVariant currentValue() const override;
+    void setCurrentValue(const QVariant & /*value*/) override {}
+    [[nodiscard]] QVariant minimumValue() const override;
+    [[nodiscard]] QVariant maximumValue() const override;
+    [[nodiscard]] QVariant minimumStepSize() const override { return 1; }
 
 protected:
     void *interface_cast(QAccessible::InterfaceType type) override;

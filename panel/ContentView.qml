@@ -95,13 +95,13 @@ Rectangle {
 
         function onVisibleChanged() {
             shell.newlyShown = root.Window.window.visible
-            if (shell.newlyShown)
-                root.takeFocusOnShowing()
         }
+        // A screen reader passes over what gets the focus in a window that is not active yet.
         function onActiveChanged() {
             if (!shell.newlyShown || !root.Window.window.active)
                 return
             shell.newlyShown = false
+            root.takeFocusOnShowing()
             root.announce(header.words)
         }
     }

@@ -20,6 +20,8 @@ T.TextField {
     readonly property string breaks: "[\\t-\\r\\x1c-\\x1f\\x85\\u2028\\u2029]"
     readonly property bool menuOpen: menu.active
     property bool straightening: false
+    // What the field stands at, as a whole number, where it can be stepped; for a screen reader.
+    property var value
 
     // The user changed the text, to this, which has no line breaks.
     signal lineEdited(text: string)

@@ -29,8 +29,6 @@ FocusScope {
 
     activeFocusOnTab: true
 
-    Accessible.role: Accessible.Table
-    Accessible.name: root.calendar.pageTitle(root.cursor)
     Keys.onUpPressed: root.moved(root.cursor - 7)
     Keys.onDownPressed: root.moved(root.cursor + 7)
     Keys.onLeftPressed: root.moved(root.cursor + (grid.mirrored ? 1 : -1))
@@ -52,6 +50,11 @@ FocusScope {
         readonly property bool mirrored: grid.effectiveLayoutDirection === Qt.RightToLeft
 
         columns: 7
+
+        // It has rows and columns for a screen reader. With the role of a table as well, Orca would
+        // read the whole week whenever the focus goes to another one.
+        Accessible.role: Accessible.Grouping
+        Accessible.name: root.calendar.pageTitle(root.cursor)
 
         Repeater {
             model: 7

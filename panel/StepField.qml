@@ -56,7 +56,7 @@ FormTextField {
 
     implicitWidth: Math.ceil(metrics.advanceWidth) + root.leftPadding + root.rightPadding + 4
     text: root.shown
-
+    value: root.calendar.valueOf(root.moment, root.part)
     onActiveFocusChanged: {
         const keepsSelection = root.focusReason === Qt.MouseFocusReason || root.focusReason === Qt.PopupFocusReason
         if (root.activeFocus && !keepsSelection)

@@ -131,6 +131,12 @@ PointInTime UserCalendar::typed(PointInTime moment, Part part, const QString &te
                              : calendar.movedToMinute(moment, *after).value_or(moment);
 }
 
+int UserCalendar::valueOf(PointInTime moment, Part part) const
+{
+    const std::optional<WallClockMinute> minute = clock_.calendar().minuteOf(moment);
+    return part == Part::Day ? dayOf(moment) : minute ? minute->hour * 60 + minute->minute : 0;
+}
+
 QString UserCalendar::widest(Part part) const
 {
     constexpr WallClockMinute wide{.year = 2088, .month = 10, .day = 28, .hour = 22, .minute = 58};

@@ -50,6 +50,10 @@ public:
                                                          const QString &text,
                                                          norvane::PointInTime timeOfDay) const;
 
+    /// A number for one of the moment's parts: the date, or the minutes since midnight.
+    [[nodiscard]] Q_INVOKABLE int valueOf(norvane::PointInTime moment,
+                                          norvane::UserCalendar::Part part) const;
+
     /// A text as wide as the part's can get, in digits of equal width.
     [[nodiscard]] Q_INVOKABLE QString widest(norvane::UserCalendar::Part part) const;
 

@@ -19,7 +19,7 @@ from support.waiting import wait_until  # noqa: E402
 
 BUILD = Path(os.environ["NORVANE_BUILD"])
 REFERENCE = datetime(2001, 1, 1, tzinfo=timezone.utc)
-DAY, TIME = ("text", "Trial ends", "Day"), ("text", "Trial ends", "Time")
+DAY, TIME = ("spin button", "Trial ends", "Day"), ("spin button", "Trial ends", "Time")
 
 
 @pytest.fixture(scope="module")

@@ -9,6 +9,7 @@ import json
 import sys
 import time
 import uuid
+from datetime import datetime, timedelta
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -70,7 +71,8 @@ class User:
         self.press("push button", "Add Trial")
         self.focused("text", "Service name")
         assert not self.see("push button", "Track Trial")["enabled"]
-        self.see("text", "Trial ends")
+        self.see("spin button", "Trial ends", "Day")
+        self.see("spin button", "Trial ends", "Time")
         self.enter("Monthly cost after trial", cost)
         self.enter("Service name", name)
         wait_until(lambda: self.see("push button", "Track Trial")["enabled"], "a form that can be sent")
@@ -136,6 +138,26 @@ def read_a_list_longer_than_the_panel(user):
     assert user.rows() == expected, user.rows()
 
 
+def read_the_calendar(user):
+    user.press("push button", "Add Trial")
+    end = datetime.now() + timedelta(days=7)
+    user.press("push button", "Choose a day", "Trial ends")
+    month = f"{end:%B %Y}"
+    user.see("panel", month)
+    table = json.loads(user.desktop.run("/usr/bin/python3", FIELD, "table", "Norvane", month))
+    assert (table["rows"], table["columns"]) == (6, 7), table
+    places = [(row, column) for row, column, *_ in table["cells"]]
+    assert places == [(row, column) for row in range(6) for column in range(7)], places
+    for row, column, name, name_at_its_place in table["cells"]:
+        assert name == name_at_its_place, f"in row {row}, column {column}: {name_at_its_place}, not {name}"
+        assert name.split(",")[0] == table["cells"][column][2].split(",")[0], f"{name} is in another column"
+    days = [name for _, _, name, _ in table["cells"]]
+    assert f"{end:%A}, {end.day} {end:%B %Y}, selected" in days, days
+    user.desktop.key("Escape")
+    user.miss("panel", month)
+    user.press("push button", "Cancel")
+
+
 def ask_for_the_last_word(user):
     """Orca asks for it when Control+Right brings the caret to the end."""
     user.press("push button", "Add Trial")
@@ -153,6 +175,7 @@ def main(build):
 
         user = User(desktop, Path(build) / "app/norvane")
         read_a_list_longer_than_the_panel(user)
+        read_the_calendar(user)
         ask_for_the_last_word(user)
         user.process.terminate()
         assert user.process.wait(10) == 0, "SIGTERM does not end it"

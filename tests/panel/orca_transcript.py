@@ -10,6 +10,7 @@ import subprocess
 import sys
 import time
 import uuid
+from datetime import datetime, timedelta
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -22,9 +23,11 @@ from support.waiting import wait_until  # noqa: E402
 FIELD = Path(__file__).with_name("accessible_field.py")
 
 # What the accessibility library calls a role, from this version of it on.
+SHARED_WORDS = {"notification": "notification", "dialog": "dialog", "text": "text", "frame": "frame",
+                "spin": "spin button", "panel": "panel"}
 ROLE_WORDS = [
-    ((2, 0), {"button": "push button", "notification": "notification", "dialog": "dialog", "text": "text"}),
-    ((2, 56), {"button": "button", "notification": "notification", "dialog": "dialog", "text": "text"}),
+    ((2, 0), SHARED_WORDS | {"button": "push button"}),
+    ((2, 56), SHARED_WORDS | {"button": "button"}),
 ]
 
 ENGLISH = {
@@ -58,9 +61,9 @@ ARABIC = {
     "place": "{} من {}",
     "delete": "حذف",
     "cancel": "إلغاء",
-    "question": 'هل تريد حذف الفترة التجريبية؟ {dialog} هل تريد إزالة "\u2068Canva Pro\u2069" من Norvane؟',
-    "added": "تمت إضافة \u2068Canva Pro\u2069",
-    "deleted": "تم حذف \u2068Canva Pro\u2069",
+    "question": 'هل تريد حذف الفترة التجريبية؟ {dialog} هل تريد إزالة "Canva Pro" من Norvane؟',
+    "added": "تمت إضافة Canva Pro",
+    "deleted": "تم حذف Canva Pro",
 }
 
 END_OF_TRIALS = {"Acme Cloud": 2.5, "Radio Norte": -1.5}
@@ -123,6 +126,31 @@ def steps(say):
     ]
 
 
+def walk_the_date(desktop, listen):
+    """Through the fields for the end of the trial and the calendar, in English, from the name's field on."""
+    def text(part):
+        return desktop.find("spin button", "Trial ends", part)["text"]
+
+    def written(date):
+        return f"{date.day} {date:%b %Y}"
+
+    def cell(date):
+        return f"{date:%A}, {date.day} {date:%B %Y}"
+
+    end = datetime.strptime(text("Day"), "%d %b %Y") + timedelta(days=1)
+    listen("Tab", [f"Trial ends {text('Day')} {{spin}}", "Day"])
+    listen("Up", [written(end)])
+    calendar = ["Choose a day {button}", "Trial ends"]
+    listen("Tab", calendar)
+    listen("Return", ["Choose a day {dialog}", f"{end:%B %Y} {{panel}}", cell(end) + ", selected"])
+    listen("Right", [cell(end + timedelta(days=1))])
+    listen("Down", [cell(end + timedelta(days=8))])
+    listen("Escape", calendar)
+    time_of_day = datetime.strptime(text("Time"), "%H:%M")
+    listen("Tab", [f"Trial ends {time_of_day:%H:%M} {{spin}}", "Time"])
+    listen("Up", [f"{time_of_day + timedelta(hours=1):%H:%M}"])
+
+
 def walk(desktop, program, say, inward, **language):
     words = role_words()
     write_trials(desktop.home / ".local/share/Norvane/trials.json")
@@ -130,19 +158,25 @@ def walk(desktop, program, say, inward, **language):
         desktop.start(program, **language)
         wait_until(lambda: desktop.owns("org.norvane.Norvane"), "Norvane on the bus")
         desktop.run(program)  # The second one asks the first to show its panel.
-        opened = [say["add"] + " {button}", "{notification} " + say["active"]]
-        for keys, expected in [("open", opened), *steps(say)]:
+
+        def listen(keys, expected):
             if keys.startswith("type "):
                 text = keys.removeprefix("type ")
                 desktop.type(text)
                 # Beside a screen reader a shortcut overtakes letters that were typed before it.
                 read = ("/usr/bin/python3", FIELD, "read", "Norvane", say["name"])
-                wait_until(lambda read=read, text=text: desktop.run(*read) == text, f"{text!r} in its field")
+                wait_until(lambda: desktop.run(*read) == text, f"{text!r} in its field")
             elif keys != "open":
                 desktop.key(inward if keys == "inward" else keys)
             expected = [line.format(**words) for line in expected]
             heard = orca.hear(*expected)
             assert heard == expected, f"after {keys}: {heard}, not {expected}"
+
+        listen("open", ["Norvane {frame}", say["add"] + " {button}", "{notification} " + say["active"]])
+        for number, (keys, expected) in enumerate(steps(say)):
+            listen(keys, expected)
+            if number == 0 and say is ENGLISH:
+                walk_the_date(desktop, listen)
         desktop.key("Return")
         wait_until(lambda: not desktop.owns("org.norvane.Norvane"), "the end of Norvane")
 

@@ -111,6 +111,12 @@ public:
     /// Until what shows itself to a resting pointer does.
     static void rest() { QTest::qWait(900); }
 
+    /// From "Add Trial", which has the keyboard at first, over "Quit" to the first row.
+    void goToFirstRow()
+    {
+        key(Qt::Key_Tab);
+        key(Qt::Key_Tab);
+    }
     void call(const char *function) { QMetaObject::invokeMethod(view_.rootObject(), function); }
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
@@ -182,7 +188,7 @@ void drawStates(const QLocale &locale, const std::function<QString(const char *)
     }
     {
         Picture alert{several(), locale};
-        alert.key(Qt::Key_Tab);
+        alert.goToFirstRow();
         alert.key(Qt::Key_Delete);
         alert.pointAt(alert.button(QCoreApplication::translate("AlertContent", "Delete")));
         alert.save(path("hover-delete"));
@@ -250,16 +256,23 @@ int main(int argc, char *argv[])
     }
     {
         Picture alert{several(), locale};
-        alert.key(Qt::Key_Tab);
+        alert.goToFirstRow();
         alert.save(path("focus"));
         alert.key(Qt::Key_Delete);
         alert.save(path("alert"));
     }
     {
         Picture alert{longNames(), locale};
-        alert.key(Qt::Key_Tab);
+        alert.goToFirstRow();
         alert.key(Qt::Key_Delete);
         alert.save(path("alert-long-name"));
+    }
+    {
+        Picture alert{longNames(), locale};
+        alert.goToFirstRow();
+        alert.key(Qt::Key_End);
+        alert.key(Qt::Key_Delete);
+        alert.save(path("alert-arabic-name"));
     }
     drawStates(locale, path);
     return EXIT_SUCCESS;

@@ -43,6 +43,7 @@ private slots:
             import QtQuick
             TextInput {
                 property int edits: 0
+                property var value
                 Accessible.role: Accessible.EditableText
                 Accessible.name: "Name"
                 Accessible.description: "What it is for"
@@ -120,6 +121,17 @@ private slots:
         QCOMPARE(words()->text(0, -1), QStringLiteral("Hulu"));
         QCOMPARE(words()->text(3, 1), QString{});
         QCOMPARE(words()->characterCount(), 4);
+    }
+
+    void aFieldWithAValueIsOneThatCanBeStepped()
+    {
+        QCOMPARE(field()->valueInterface(), nullptr);
+        item_->setProperty("value", 61);
+
+        QCOMPARE(field()->role(), QAccessible::SpinBox);
+        QVERIFY(field()->valueInterface());
+        QCOMPARE(field()->valueInterface()->currentValue().toInt(), 61);
+        QVERIFY(field()->state().editable);
     }
 
     void caretAndSelectionCanBeReadAndMoved()

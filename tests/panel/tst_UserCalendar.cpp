@@ -63,6 +63,17 @@ private slots:
         }
     }
 
+    void thePartsAsNumbersFollowTheMoment()
+    {
+        const PointInTime moment = berlin(2025, 1, 8, 9, 30);
+        const PointInTime later = berlin(2025, 1, 9, 9, 31);
+
+        QCOMPARE(german.valueOf(moment, Part::TimeOfDay), 9 * 60 + 30);
+        QCOMPARE(german.valueOf(later, Part::TimeOfDay), 9 * 60 + 31);
+        QCOMPARE(german.valueOf(later, Part::Day), german.valueOf(moment, Part::Day) + 1);
+        QCOMPARE(german.valueOf(PointInTime{1e308}, Part::TimeOfDay), 0);
+    }
+
     void secondsSurviveATypedDayAndATypedTime()
     {
         const PointInTime moment = berlin(2025, 1, 8, 9, 30, 15.25);
