@@ -56,7 +56,7 @@ private slots:
                                                        << "오후 3:04";
         QTest::newRow("Bulgarian, with letters about") << "bg_BG"
                                                        << "8.01.2025 г."
-                                                       << "15:04 ч.";
+                                                       << "15:04";
         QTest::newRow("Egyptian, digits and marks of its own") << "ar_EG"
                                                                << "٨‏/١‏/٢٠٢٥"
                                                                << "٣:٠٤ م";
@@ -69,8 +69,10 @@ private slots:
         QFETCH(const QString, locale);
 
         QTEST(withOrdinaryBlanks(DateTimeFormat::ofDay(QLocale{locale}).shown(before).text), "day");
-        QTEST(withOrdinaryBlanks(DateTimeFormat::ofTime(QLocale{locale}).shown(before).text),
-              "time");
+        QString time =
+            withOrdinaryBlanks(DateTimeFormat::ofTime(QLocale{locale}).shown(before).text);
+        time.remove(QStringLiteral(" ч.")); // Bulgarian has it with Qt 6.4, and not with Qt 6.8.
+        QTEST(time, "time");
     }
 
     void whatIsShownIsReadBackInEveryLocale()
