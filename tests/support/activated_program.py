@@ -25,6 +25,7 @@ connection = Gio.DBusConnection.new_for_address_sync(
     sys.argv[1],
     Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION,
     None, None)
+connection.set_exit_on_close(True)  # It ends with its bus.
 connection.register_object("/org/norvane/Norvane",
                            Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0], called, None,
                            None)
