@@ -25,7 +25,7 @@ constexpr double largestExactInteger = 9'007'199'254'740'992.0;
 Json number(double value)
 {
     const bool negativeZero = value == 0 && std::signbit(value);
-    if (!negativeZero && std::abs(value) < largestExactInteger && std::trunc(value) == value) {
+    if (!negativeZero && std::abs(value) <= largestExactInteger && std::trunc(value) == value) {
         return static_cast<qint64>(value);
     }
     return value;
@@ -69,11 +69,12 @@ bool isTooLarge(std::string_view number)
 /// The position just behind the closing quote of the string that opens at `start`.
 std::size_t endOfString(std::string_view json, std::size_t start)
 {
-    std::size_t index = start + 1;
-    while (index < json.size() && json[index] != '"') {
-        index += json[index] == '\\' ? 2 : 1;
+    constexpr std::string_view quoteOrBackslash = "\"\\";
+    std::size_t index = json.find_first_of(quoteOrBackslash, start + 1);
+    while (index != std::string_view::npos && json[index] == '\\') {
+        index = json.find_first_of(quoteOrBackslash, index + 2);
     }
-    return std::min(index + 1, json.size());
+    return index == std::string_view::npos ? json.size() : index + 1;
 }
 
 /// The text with null in the place of each number that is too large for a double, such as 1e999.

@@ -9,15 +9,13 @@
 #include <QDBusPendingReply>
 #include <QEventLoop>
 #include <QProcess>
-#include <QSet>
-#include <QUuid>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
-#include <iterator>
+#include <limits>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace norvane {
 
@@ -35,35 +33,19 @@ constexpr auto longestPause = 60s;
 /// Few enough for the centre to write them to the disk at once, many enough for thousands a second.
 constexpr std::size_t batchSize = 1'000;
 
-const QString interface = QStringLiteral("org.norvane.NotificationCenter1");
-
-QDBusMessage messageFor(const BusSender::Call &call)
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        busNames::notificationCenter, busNames::notificationCenterPath, interface, call.method);
-    message.setArguments(call.arguments);
-    message.setAutoStartService(false); // The next centre gets the calls in order, or not at all.
-    return message;
-}
-
-/// Whether the centre itself answered, be it with an error, as against somebody in its stead.
-bool isAnswerOfCentre(const QDBusError &error)
-{
-    using enum QDBusError::ErrorType;
-    static constexpr std::array<QDBusError::ErrorType, 5> ofTheBus{ServiceUnknown, NoReply,
-                                                                   Disconnected, TimedOut, Timeout};
-    return !error.isValid() || (std::ranges::find(ofTheBus, error.type()) == ofTheBus.end() &&
-                                error.name() != u"org.freedesktop.DBus.Error.NameHasNoOwner");
-}
-
 } // namespace
 
 BusSender::BusSender(QString fallbackProgram, IsStarting isStarting)
     : fallbackProgram_{std::move(fallbackProgram)},
       isStarting_{std::move(isStarting)},
+      link_{this},
+      mostInBatch_{batchSize},
       nextStep_{this},
       startTimeout_{this}
 {
+    connect(&link_, &BusLink::lost, this, &BusSender::busLost);
+    connect(&link_, &BusLink::centreAppeared, this, &BusSender::centreAppeared);
+    connect(&link_, &BusLink::centreGone, this, &BusSender::centreGone);
     nextStep_.setSingleShot(true);
     connect(&nextStep_, &QTimer::timeout, this, &BusSender::advance);
     startTimeout_.setSingleShot(true);
@@ -72,23 +54,18 @@ BusSender::BusSender(QString fallbackProgram, IsStarting isStarting)
             [this] { centreDoesNotStart(fallbackProgram_ + u" does not take its name"); });
 }
 
-BusSender::~BusSender()
-{
-    disconnectFromBus();
-}
-
 void BusSender::setBusAddress(const QString &address)
 {
     address_ = address;
     nextStep_.start(0ms);
 }
 
-void BusSender::send(const Call &call)
+void BusSender::send(const CallQueue::Call &call)
 {
     if (state_ == State::WithoutBus) {
         return;
     }
-    waiting_.push_back(call);
+    calls_.append(call);
     if (!nextStep_.isActive()) {
         // Once for all calls that come until then.
         nextStep_.start(state_ == State::NoCentre ? pause_ : 0ms);
@@ -98,43 +75,41 @@ void BusSender::send(const Call &call)
 void BusSender::flush(std::chrono::milliseconds timeout,
                       std::chrono::milliseconds timeoutWhileStarting)
 {
-    const auto cannotSend = [this] { return !bus_ || state_ == State::NoCentre; };
-    const auto isDone = [this] { return waiting_.empty() && unconfirmed_.empty(); };
+    const auto isOver = [this] {
+        return calls_.isEmpty() || !link_.isOpen() || state_ == State::NoCentre;
+    };
+    mostInBatch_ = std::numeric_limits<std::size_t>::max();
     nextStep_.stop();
     advance(); // Without the pause, if there is one.
-    QEventLoop untilDone;
+    if (state_ == State::Confirming) {
+        sendBatch(); // Its answer will be the answer to what was sent before, too.
+    }
+    if (isOver()) {
+        return;
+    }
+    QEventLoop untilOver;
     QTimer limit;
     limit.setSingleShot(true);
-    connect(&limit, &QTimer::timeout, &untilDone, [&] {
+    connect(&limit, &QTimer::timeout, &untilOver, [&] {
         if (!*isStarting_) {
-            untilDone.quit();
+            untilOver.quit();
         }
     });
-    connect(this, &BusSender::stateChanged, &untilDone, [&] {
-        if (isDone() || cannotSend()) {
-            untilDone.quit();
-            return;
-        }
-        if (!limit.isActive()) { // The centre was long in starting, but now it can answer.
+    connect(this, &BusSender::stateChanged, &untilOver, [&] {
+        if (isOver()) {
+            untilOver.quit();
+        } else if (!limit.isActive()) { // The centre was long in starting, but now it can answer.
             limit.start(timeout);
         }
-        if (state_ == State::Ready) {
-            sendBatch(waiting_.size());
-        }
     });
-    if (state_ == State::Ready || state_ == State::Confirming) {
-        sendBatch(waiting_.size());
-    }
-    if (!isDone() && !cannotSend()) {
-        limit.start(timeout);
-        QTimer::singleShot(timeoutWhileStarting, &untilDone, &QEventLoop::quit);
-        untilDone.exec();
-    }
+    limit.start(timeout);
+    QTimer::singleShot(timeoutWhileStarting, &untilOver, &QEventLoop::quit);
+    untilOver.exec();
 }
 
 void BusSender::advance()
 {
-    if (waiting_.empty() || !address_) {
+    if (!calls_.hasWaiting() || !address_) {
         return;
     }
     if (state_ == State::Disconnected) {
@@ -143,7 +118,7 @@ void BusSender::advance()
     if (state_ == State::NoCentre) {
         startCentre();
     } else if (state_ == State::Ready) {
-        sendBatch(batchSize);
+        sendBatch();
     }
 }
 
@@ -156,75 +131,64 @@ void BusSender::enter(State state)
     emit stateChanged();
 }
 
-/// The first time at once: the centre may have ended in order, or have been replaced.
-void BusSender::retryLater()
-{
-    if (!waiting_.empty()) {
-        nextStep_.start(pause_);
-        pause_ = std::clamp<std::chrono::milliseconds>(pause_ * 2, firstPause, longestPause);
-    }
-}
-
 void BusSender::connectToBus()
 {
-    // Under one name all would get the same connection.
-    const QString name = QUuid::createUuid().toString();
-    const QDBusConnection bus =
-        address_->isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)
-                            : QDBusConnection::connectToBus(*address_, name);
-    if (!bus.isConnected()) {
-        QDBusConnection::disconnectFromBus(name);
-        if (pause_ > 0ms) { // There was a bus.
-            retryLater();
-        } else {
-            waiting_.clear();
-            enter(State::WithoutBus);
-        }
-        return;
-    }
-    bus_ = bus;
-    owners_ = std::make_unique<QDBusServiceWatcher>(busNames::notificationCenter, bus,
-                                                    QDBusServiceWatcher::WatchForOwnerChange);
-    connect(owners_.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &former, const QString &owner) {
-                if (!former.isEmpty()) {
-                    centreGone();
-                }
-                if (!owner.isEmpty()) {
-                    centreAppeared();
-                }
-            });
-    if (!bus_->connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
-                       QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                       this, SLOT(busLost()))) {
-        qWarning("The end of the session bus will go unnoticed.");
-    }
-    enter(State::NoCentre);
-}
-
-void BusSender::disconnectFromBus()
-{
-    owners_.reset();
-    if (bus_) {
-        const QString name = bus_->name();
-        bus_.reset();
-        QDBusConnection::disconnectFromBus(name);
+    if (link_.open(*address_)) {
+        enter(State::NoCentre);
+    } else if (pause_ > 0ms) { // There was a bus.
+        retryLater();
+    } else {
+        calls_.clear();
+        enter(State::WithoutBus);
     }
 }
 
 void BusSender::busLost()
 {
-    disconnectFromBus();
-    takeBackUnconfirmed();
+    calls_.takeBack();
     enter(State::Disconnected);
     pause_ = std::max<std::chrono::milliseconds>(pause_, firstPause);
     retryLater();
 }
 
+void BusSender::centreAppeared()
+{
+    if (state_ == State::NoCentre || state_ == State::Starting) {
+        enter(State::Ready);
+        advance();
+    }
+}
+
+void BusSender::centreDoesNotStart(const QString &reason)
+{
+    reportOnce(QStringLiteral("the notification centre does not start (%1), so no reminder will "
+                              "be shown")
+                   .arg(reason));
+    pause_ = std::max<std::chrono::milliseconds>(pause_, firstPause);
+    enter(State::NoCentre);
+}
+
+void BusSender::centreGone()
+{
+    if (state_ == State::Ready || state_ == State::Confirming) {
+        calls_.takeBack();
+        enter(State::NoCentre);
+        retryLater();
+    }
+}
+
+void BusSender::batchConfirmed()
+{
+    calls_.confirm();
+    pause_ = 0ms;
+    enter(State::Ready);
+    advance();
+}
+
 template <typename Handler>
 void BusSender::whenAnswered(const QDBusMessage &call, Handler handler)
 {
-    callLater(*bus_, call, this,
+    callLater(link_.bus(), call, this,
               [this, then = transitions_, handler = std::move(handler)](const auto &answer) {
                   if (then == transitions_) {
                       handler(answer);
@@ -239,7 +203,7 @@ void BusSender::startCentre()
         callToBus(QStringLiteral("StartServiceByName"), {busNames::notificationCenter, 0U}),
         [this](const QDBusPendingCall &start) {
             if (start.isError()) {
-                bringUpFallback(start.error());
+                startFallback(start.error());
             } else {
                 centreAppeared();
             }
@@ -250,9 +214,9 @@ void BusSender::startCentre()
     });
 }
 
-/// Asked to start what is not installed, a bus does not look whether it runs all the same.
-void BusSender::bringUpFallback(const QDBusError &error)
+void BusSender::startFallback(const QDBusError &error)
 {
+    // Asked to start what is not installed, a bus does not look whether it runs all the same.
     whenAnswered(
         callToBus(QStringLiteral("NameHasOwner"), {busNames::notificationCenter}),
         [this, error](const QDBusPendingReply<bool> &isOwned) {
@@ -265,103 +229,48 @@ void BusSender::bringUpFallback(const QDBusError &error)
                 return;
             }
             // In a build tree nothing is installed, and nothing has failed.
-            if (error.type() != QDBusError::ServiceUnknown && !std::exchange(hasReported_, true)) {
-                std::fprintf(stderr,
-                             "norvane: the session bus cannot start the notification "
-                             "centre (%s), so Norvane starts it\n",
-                             qUtf8Printable(error.message()));
+            if (error.type() != QDBusError::ServiceUnknown) {
+                reportOnce(QStringLiteral("the session bus cannot start the notification centre "
+                                          "(%1), so Norvane starts it")
+                               .arg(error.message()));
             }
             startTimeout_.start();
         });
 }
 
-void BusSender::centreAppeared()
+void BusSender::sendBatch()
 {
-    if (state_ == State::NoCentre || state_ == State::Starting) {
-        enter(State::Ready);
-        advance();
-    }
-}
-
-void BusSender::centreGone()
-{
-    if (state_ == State::Ready || state_ == State::Confirming) {
-        takeBackUnconfirmed();
-        enter(State::NoCentre);
-        retryLater();
-    }
-}
-
-void BusSender::centreDoesNotStart(const QString &reason)
-{
-    if (!std::exchange(hasReported_, true)) {
-        std::fprintf(stderr,
-                     "norvane: the notification centre does not start (%s), so no reminder will "
-                     "be shown\n",
-                     qUtf8Printable(reason));
-    }
-    pause_ = std::max<std::chrono::milliseconds>(pause_, firstPause);
-    enter(State::NoCentre);
-}
-
-void BusSender::sendBatch(std::size_t most)
-{
-    const auto end =
-        waiting_.begin() + static_cast<std::ptrdiff_t>(std::min(most, waiting_.size()));
-    if (end == waiting_.begin()) {
+    const std::vector<CallQueue::Call> batch = calls_.takeBatch(mostInBatch_);
+    if (batch.empty()) {
         return;
     }
-    const auto last = std::prev(end);
-    std::for_each(waiting_.begin(), last, [this](const Call &call) {
-        std::ignore = bus_->send(messageFor(call)); // Fails without a bus only: see busLost().
-    });
-    const QDBusMessage message = messageFor(*last);
-    std::move(waiting_.begin(), end, std::back_inserter(unconfirmed_));
-    waiting_.erase(waiting_.begin(), end);
     enter(State::Confirming);
-    whenAnswered(message, [this](const QDBusPendingCall &answer) {
-        if (isAnswerOfCentre(answer.error())) {
-            confirmed();
+    std::for_each(batch.begin(), batch.end() - 1, [this](const CallQueue::Call &call) {
+        std::ignore = link_.bus().send(call.message()); // Fails without a bus only: see busLost().
+    });
+    whenAnswered(batch.back().message(), [this](const QDBusPendingCall &answer) {
+        if (BusLink::isAnswerOfCentre(answer.error())) {
+            batchConfirmed();
         } else {
             centreGone();
         }
     });
 }
 
-void BusSender::confirmed()
+/// The first time at once: the centre may have ended in order, or have been replaced.
+void BusSender::retryLater()
 {
-    unconfirmed_ = {}; // With its memory.
-    pause_ = 0ms;
-    enter(State::Ready);
-    advance();
+    if (calls_.hasWaiting()) {
+        nextStep_.start(pause_);
+        pause_ = std::clamp<std::chrono::milliseconds>(pause_ * 2, firstPause, longestPause);
+    }
 }
 
-/// Back to where they came from, less what has been withdrawn since: a request that is due must not
-/// be shown because it was added again.
-void BusSender::takeBackUnconfirmed()
+void BusSender::reportOnce(const QString &sentence)
 {
-    waiting_.insert(waiting_.begin(), std::make_move_iterator(unconfirmed_.begin()),
-                    std::make_move_iterator(unconfirmed_.end()));
-    unconfirmed_ = {};
-    QSet<QString> withdrawn;
-    bool isAllWithdrawn = false;
-    std::deque<Call> kept;
-    while (!waiting_.empty()) { // From the last to the first.
-        Call call = std::move(waiting_.back());
-        waiting_.pop_back();
-        const QVariant argument = call.arguments.value(0);
-        const bool isAdd = call.method == u"AddRequest";
-        if (isAdd && (isAllWithdrawn || withdrawn.contains(argument.toString()))) {
-            continue;
-        }
-        if (call.method == u"RemovePendingRequests") {
-            const QStringList identifiers = argument.toStringList();
-            withdrawn.unite({identifiers.begin(), identifiers.end()});
-        }
-        isAllWithdrawn = isAllWithdrawn || call.method == u"RemoveAllPendingRequests";
-        kept.push_front(std::move(call));
+    if (!std::exchange(hasReported_, true)) {
+        std::fprintf(stderr, "norvane: %s\n", qUtf8Printable(sentence));
     }
-    waiting_ = std::move(kept);
 }
 
 } // namespace norvane

@@ -3,18 +3,18 @@
 
 #pragma once
 
-#include <QDBusConnection>
+#include "platform/client/BusLink.h"
+#include "platform/client/CallQueue.h"
+
 #include <QDBusError>
-#include <QDBusServiceWatcher>
+#include <QDBusMessage>
 #include <QObject>
 #include <QString>
 #include <QTimer>
-#include <QVariantList>
 
 #include <atomic>
 #include <chrono>
 #include <cstddef>
-#include <deque>
 #include <memory>
 #include <optional>
 
@@ -38,20 +38,15 @@ class BusSender final : public QObject {
     Q_OBJECT
 
 public:
-    struct Call {
-        QString method;
-        QVariantList arguments;
-    };
     /// Whether the bus is known to be starting the centre; may be read on any thread.
     using IsStarting = std::shared_ptr<std::atomic<bool>>;
 
     /// `fallbackProgram` is the notifier to start where the bus cannot start one; may be empty.
     BusSender(QString fallbackProgram, IsStarting isStarting);
-    ~BusSender() override;
 
     /// Calls are kept until it is said where the bus is; empty for the usual address.
     void setBusAddress(const QString &address);
-    void send(const Call &call);
+    void send(const CallQueue::Call &call);
     /// Sends all calls and returns when they are confirmed, when they cannot be sent, or after the
     /// timeout; after the second one while the centre is known to be starting.
     void flush(std::chrono::milliseconds timeout, std::chrono::milliseconds timeoutWhileStarting);
@@ -59,34 +54,44 @@ public:
 signals:
     void stateChanged();
 
-private slots:
-    void busLost(); ///< Called for a signal of the bus library.
-
 private:
+    /// What is done in each state while there are calls to send, and what ends it:
+    ///
+    ///     Disconnected  connectToBus()  connected            -> NoCentre
+    ///                                   not connected        -> WithoutBus, unless there was a bus
+    ///     NoCentre      startCentre()   at once              -> Starting
+    ///                                   centreAppeared()     -> Ready
+    ///     Starting      waits           centreAppeared()     -> Ready
+    ///                                   centreDoesNotStart() -> NoCentre
+    ///     Ready         sendBatch()     at once              -> Confirming
+    ///                                   centreGone()         -> NoCentre
+    ///     Confirming    waits           batchConfirmed()     -> Ready
+    ///                                   centreGone()         -> NoCentre
+    ///     any but the last              busLost()            -> Disconnected
     enum class State {
-        WithoutBus,   ///< There is no session bus; calls vanish.
         Disconnected, ///< Not connected yet, or not any more; calls wait.
         NoCentre,     ///< Nobody owns the centre's name; calls wait.
         Starting,     ///< The centre is being started; calls wait.
         Ready,        ///< The centre has confirmed everything that it was sent.
         Confirming,   ///< The centre was sent a batch that it has not confirmed.
+        WithoutBus,   ///< There is no session bus; calls vanish.
     };
 
-    /// Takes the next step that the state allows.
     void advance();
     void enter(State state);
-    void retryLater();
 
-    void connectToBus();
-    void disconnectFromBus();
-    void startCentre();
-    void bringUpFallback(const QDBusError &error);
+    void busLost();
     void centreAppeared();
     void centreGone();
     void centreDoesNotStart(const QString &reason);
-    void sendBatch(std::size_t most);
-    void confirmed();
-    void takeBackUnconfirmed();
+    void batchConfirmed();
+
+    void connectToBus();
+    void startCentre();
+    void startFallback(const QDBusError &error);
+    void sendBatch();
+    void retryLater();
+    void reportOnce(const QString &sentence);
 
     /// Runs a handler with the finished call, unless the state has changed by then.
     template <typename Handler>
@@ -97,11 +102,10 @@ private:
     State state_ = State::Disconnected;
     int transitions_ = 0; ///< Counts the changes of the state.
     std::optional<QString> address_;
-    std::optional<QDBusConnection> bus_;
-    std::unique_ptr<QDBusServiceWatcher> owners_;
-    std::deque<Call> unconfirmed_; ///< Sent.
-    std::deque<Call> waiting_;     ///< Not sent.
-    QTimer nextStep_;
+    BusLink link_;
+    CallQueue calls_;
+    std::size_t mostInBatch_;
+    QTimer nextStep_;     ///< Until advance() is called.
     QTimer startTimeout_; ///< Runs while the fallback program has not taken the name.
     std::chrono::milliseconds pause_{0};
     bool hasReported_ = false;

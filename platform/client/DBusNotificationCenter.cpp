@@ -85,7 +85,7 @@ void DBusNotificationCenter::post(const QString &method, const QVariantList &arg
 {
     QMetaObject::invokeMethod(
         sender_.get(),
-        [sender = sender_.get(), call = BusSender::Call{method, arguments}] { sender->send(call); },
+        [sender = sender_.get(), call = CallQueue::Call{method, arguments}] { sender->send(call); },
         Qt::QueuedConnection);
 }
 

@@ -86,6 +86,12 @@ def paste(desktop, text):
     return owner
 
 
+def month_of(desktop):
+    """The month and year above the open calendar."""
+    (month,) = (node["name"] for node in desktop.accessible() if node["role"] == "table")
+    return month
+
+
 def type_day(desktop, text):
     desktop.key("Tab")
     wait_focus(desktop, *DAY)
@@ -171,6 +177,35 @@ def test_control_return_takes_the_day_of_the_open_calendar_and_the_next_one_trac
 
     trial = track(desktop, form)
     assert end_of(trial).date() == days_ahead(8)
+
+
+def test_the_wheel_over_the_open_calendar_turns_its_months(desktop, form):
+    desktop.type("Acme Cloud")
+    desktop.click_on("push button", "Choose a day")
+    x, y, width, height = wait_until(lambda: desktop.find("dialog", "Choose a day"), "the calendar")["box"]
+    this_month = month_of(desktop)
+
+    desktop.run("xdotool", "mousemove", x + width // 2, y + height // 2, "click", "5")
+    wait_until(lambda: month_of(desktop) != this_month, "another month")
+    desktop.run("xdotool", "click", "4")
+    wait_until(lambda: month_of(desktop) == this_month, "the former month again")
+    desktop.key("Escape")
+
+    assert end_of(track(desktop, form)).date() == days_ahead(7)
+
+
+def test_the_menu_key_opens_the_context_menu_for_the_keyboard(desktop, form):
+    desktop.type("Acme Cloud")
+    copy(desktop, " Premium")
+    desktop.key("Menu")
+    wait_until(lambda: (desktop.find("menu item", "Paste") or {}).get("enabled"), "the menu")
+
+    while not desktop.find("menu item", "Paste")["focused"]:
+        desktop.key("Down")
+    desktop.key("Return")
+    wait_until(lambda: not desktop.find("menu item", "Paste"), "the end of the menu")
+
+    assert track(desktop, form)["name"] == "Acme Cloud Premium"
 
 
 def test_the_context_menu_pastes_with_the_mouse_alone(desktop, form):

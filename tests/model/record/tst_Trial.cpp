@@ -41,6 +41,8 @@ private slots:
         QCOMPARE(trial.createdAt, PointInTime{7});
     }
 
+    void anEmptyRecordCostsNothing() { QCOMPARE(Trial{}.cost, 0.0); }
+
     void theTextOfAnIdHasUpperCaseDigitsInFiveGroups()
     {
         Trial trial;

@@ -209,6 +209,7 @@ private slots:
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("name");
         QTest::newRow("a number") << QByteArray{"1e999"} << QStringLiteral("1e999");
+        QTest::newRow("after letters") << QByteArray{"abc 1e999"} << QStringLiteral("abc 1e999");
         QTest::newRow("after an escaped quote")
             << QByteArray{R"(a\"1e999)"} << QStringLiteral("a\"1e999");
         QTest::newRow("after an escaped backslash")

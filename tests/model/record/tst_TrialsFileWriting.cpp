@@ -23,6 +23,8 @@ private slots:
         QTest::newRow("zero") << 0.0 << QByteArray{"0"};
         QTest::newRow("positive") << 12.0 << QByteArray{"12"};
         QTest::newRow("negative") << -3.0 << QByteArray{"-3"};
+        QTest::newRow("the largest below which all are exact")
+            << 9'007'199'254'740'992.0 << QByteArray{"9007199254740992"};
     }
     void aWholeNumberIsWrittenWithoutAFraction()
     {

@@ -3,16 +3,20 @@
 
 #include "platform/bus/BusNames.h"
 #include "platform/bus/PendingRequest.h"
+#include "platform/client/BusSender.h"
 #include "platform/client/DBusNotificationCenter.h"
 #include "tests/support/PrivateSessionBus.h"
 #include "tests/support/TestProgram.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QFileInfo>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
+#include <memory>
 
 using namespace norvane;
 
@@ -77,6 +81,55 @@ private slots:
         center.addNotificationRequest(request(QStringLiteral("b-1h")));
 
         QTRY_COMPARE(pendingCount(), 2);
+    }
+
+    void afterTheProgramBesideWasKilledTheNextCallStartsItAgain()
+    {
+        DBusNotificationCenter center{fallbackProgram};
+        center.removeAllPendingNotificationRequests();
+        center.addNotificationRequest(request(QStringLiteral("a-1h")));
+        QTRY_COMPARE(pendingCount(), 1);
+        const uint former = bus().servicePid(busNames::notificationCenter).value();
+        ::kill(static_cast<pid_t>(former), SIGKILL);
+        QTRY_VERIFY(!bus().isServiceRegistered(busNames::notificationCenter));
+
+        center.addNotificationRequest(request(QStringLiteral("b-1h")));
+
+        QTRY_COMPARE(pendingCount(), 2);
+        QVERIFY(bus().servicePid(busNames::notificationCenter).value() != former);
+    }
+
+    void aBurstOfCallsStartsTheProgramBesideOnce()
+    {
+        const QString starts = session_.path(QStringLiteral("starts"));
+        QFile script{session_.path(QStringLiteral("never-on-the-bus"))};
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\necho >>'" + QFile::encodeName(starts) + "'\n");
+        script.close();
+        QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        DBusNotificationCenter center{script.fileName()};
+
+        for (int number = 0; number < 50; ++number) {
+            center.addNotificationRequest(request(QString::number(number)));
+            QTest::qWait(2); // So that they arrive in several turns of the client's loop.
+        }
+
+        QTRY_VERIFY(QFile::exists(starts));
+        QCOMPARE(QFileInfo{starts}.size(), 1); // One line of nothing for each start.
+    }
+
+    void theProgramBesideIsNotGivenUpOnceItHasItsName()
+    {
+        const auto isStarting = std::make_shared<std::atomic<bool>>(false);
+        BusSender sender{fallbackProgram, isStarting};
+        const QSignalSpy changes{&sender, &BusSender::stateChanged};
+        sender.setBusAddress({});
+        sender.send({QStringLiteral("RemoveAllPendingRequests"), {}});
+        QTRY_COMPARE(pendingCount(), 0);
+        QTRY_COMPARE(changes.size(), 5); // No centre, starting, ready, confirming, ready.
+
+        QVERIFY2(!QTest::qWaitFor([&changes] { return changes.size() > 5; }, 5'500),
+                 "the five seconds that it was given have ended");
     }
 
     void nothingIsLostWhenNorvaneEndsAtOnce()

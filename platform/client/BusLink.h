@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QDBusError;
+
+namespace norvane {
+
+/// A session bus connection of its own, which tells when the bus goes away and when the
+/// notification centre comes and goes.
+///
+/// Lives on one thread, whose event loop must run. Only open() blocks.
+class BusLink final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit BusLink(QObject *parent) : QObject{parent} {}
+    ~BusLink() override;
+
+    /// Connects to the bus at the address; empty for the usual one. Whether there is one.
+    [[nodiscard]] bool open(const QString &address);
+    [[nodiscard]] bool isOpen() const noexcept { return bus_.has_value(); }
+    /// Only while it is open.
+    [[nodiscard]] const QDBusConnection &bus() const { return bus_.value(); }
+
+    /// Whether the centre itself answered a call, be it with an error, as against the bus.
+    [[nodiscard]] static bool isAnswerOfCentre(const QDBusError &error);
+
+signals:
+    /// The bus has gone; the link is closed.
+    void lost();
+    void centreAppeared();
+    /// The centre gave up its name, or another takes its place: then centreAppeared() follows.
+    void centreGone();
+
+private slots:
+    void handleDisconnected(); ///< Called for a signal of the bus library.
+
+private:
+    void disconnectFromBus();
+
+    std::optional<QDBusConnection> bus_;
+    std::unique_ptr<QDBusServiceWatcher> owners_;
+};
+
+} // namespace norvane

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 the Norvane authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDBusMessage>
+#include <QString>
+#include <QVariantList>
+
+#include <cstddef>
+#include <deque>
+#include <utility>
+#include <vector>
+
+namespace norvane {
+
+/// The calls that the notification centre has not confirmed yet, in the order in which they came:
+/// first those that were sent, then those that wait.
+class CallQueue {
+public:
+    struct Call {
+        QString method;
+        QVariantList arguments;
+
+        /// As it goes over the bus. Never has the centre started: one that is started gets all
+        /// calls in order.
+        [[nodiscard]] QDBusMessage message() const;
+
+        friend bool operator==(const Call &, const Call &) = default;
+    };
+
+    /// Whether everything is confirmed.
+    [[nodiscard]] bool isEmpty() const noexcept { return sent_.empty() && waiting_.empty(); }
+    [[nodiscard]] bool hasWaiting() const noexcept { return !waiting_.empty(); }
+
+    void append(Call call) { waiting_.push_back(std::move(call)); }
+    /// The next calls to send, at most so many. They count as sent from now on.
+    [[nodiscard]] std::vector<Call> takeBatch(std::size_t most);
+    /// Forgets what was sent.
+    void confirm();
+    /// Has what was sent wait again, in its place, less the adds that a later call withdraws: a
+    /// request that is due must not be shown because it was added again.
+    void takeBack();
+    /// Forgets everything.
+    void clear();
+
+private:
+    std::deque<Call> sent_;
+    std::deque<Call> waiting_;
+};
+
+} // namespace norvane
