@@ -39,7 +39,7 @@ QList<int> edges(const QString &text, QAccessible::TextBoundaryType boundary)
     QList<int> edges{0};
     if (const auto type = finderType(boundary)) {
         QTextBoundaryFinder finder{*type, text};
-        // Behind the last boundary the finder answers -1.
+        // After the last boundary the finder answers -1.
         for (auto next = finder.toNextBoundary(); next > 0 && next < length;
              next = finder.toNextBoundary()) {
             // Between words it also stops where one could break a line.
@@ -145,7 +145,7 @@ QString AccessibleTextField::piece(int offset, int away, QAccessible::TextBounda
         return {};
     }
     const QList<int> cuts = edges(text, boundary);
-    // Of characters the one at the end of the text is not there, but it has one before it.
+    // There is no character at the end of the text, but there is one before it.
     const bool behindAll = place == length && boundary == QAccessible::CharBoundary;
     const auto last = static_cast<int>(cuts.size()) - 2;
     const auto next = std::ranges::upper_bound(cuts, place);

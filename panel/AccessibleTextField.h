@@ -45,7 +45,7 @@ public:
     [[nodiscard]] QString text(int start, int end) const override;
     [[nodiscard]] int characterCount() const override;
     /// The pieces that the boundaries cut the text into follow each other without a gap. The piece
-    /// at the end of the text is the last one; only of characters there is none.
+    /// at the end of the text is the last one, except that there is no character there.
     [[nodiscard]] QString textAtOffset(int offset, QAccessible::TextBoundaryType boundary,
                                        int *start, int *end) const override;
     /// The piece before the one at the offset.

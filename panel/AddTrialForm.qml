@@ -6,7 +6,8 @@ import QtQuick.Layouts
 
 import org.norvane.panel
 
-// Where a new trial is entered. It shows the values it is given and hands every edit up.
+// Where a new trial is entered. It shows the values that it is given and reports every edit to its
+// owner.
 ScrollingColumn {
     id: root
 

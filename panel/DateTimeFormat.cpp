@@ -68,7 +68,7 @@ DateTimeFormat::DateTimeFormat(const QLocale &locale, const QString &format) : l
             quoted = !quoted;
             ++at;
         } else if (!quoted && letter == u's') {
-            literal.clear(); // With the seconds goes what parts them from the minutes.
+            literal.clear(); // The mark between minutes and seconds goes too.
             at = endOfRun(format, at);
         } else if (const auto field = quoted ? std::nullopt : fieldOf(letter)) {
             if (!literal.isEmpty()) {

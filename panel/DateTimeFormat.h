@@ -42,10 +42,10 @@ public:
     /// What the text leaves out is taken from `before`, the moment that was shown.
     ///
     /// A day may lack its year, or month and year, and its month may be a name. Its numbers are
-    /// read in the locale's order, parted by any marks or, in six or eight digits, by none; another
-    /// order counts only where the locale's gives no date, but a year of four digits in front
-    /// always means year, month, day. Two digits of a year mean 2000 to 2099. A time may lack its
-    /// minutes or its colon. Any kind of blank does for another.
+    /// read in the locale's order, separated by any marks or, in six or eight digits, by none;
+    /// another order counts only where the locale's gives no date, but a year of four digits in
+    /// front always means year, month, day. Two digits of a year mean 2000 to 2099. A time may lack
+    /// its minutes or its colon. Any kind of blank does for another.
     [[nodiscard]] std::optional<WallClockMinute> read(const QString &typed,
                                                       const WallClockMinute &before) const;
 

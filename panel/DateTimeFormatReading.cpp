@@ -240,7 +240,7 @@ std::optional<WallClockMinute> DateTimeFormat::readDay(QString text,
 std::optional<DateTimeFormat::Half> DateTimeFormat::halfIn(const QString &typed) const
 {
     if (!has(Field::HalfOfDay)) {
-        // With a clock of 24 hours some say it all the same.
+        // Some type it even where clocks show 24 hours.
         static const QRegularExpression said{QStringLiteral("\\d\\s*([ap])\\.?(\\s*m\\.?)?\\s*$"),
                                              QRegularExpression::CaseInsensitiveOption};
         const QRegularExpressionMatch match = said.match(typed);

@@ -7,7 +7,7 @@ import QtQuick.Templates as T
 import org.norvane.panel
 
 // A month to pick a day from: with the mouse, or by arrow keys, Page Up and Page Down, and Return;
-// Ctrl+Return picks from wherever in it the focus is. Lives from its opening to its closing.
+// Ctrl+Return picks from wherever in it the focus is. It exists only while it is open.
 T.Dialog {
     id: root
 

@@ -6,7 +6,7 @@ import QtQuick.Templates as T
 
 import org.norvane.panel
 
-// What a mouse alone, or the menu key, can do with the text of a field. Lives while it is open.
+// What a mouse alone, or the menu key, can do with the text of a field. It exists only while it is open.
 T.Menu {
     id: root
 

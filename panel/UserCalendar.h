@@ -22,7 +22,7 @@ class Clock;
 /// them, in the user's locale, calendar and time zone.
 ///
 /// Remembers nothing. An edit that makes no sense, or leads out of the years 1 to 9999, gives the
-/// moment it was given. Seconds ride along through every edit. A date is a day number: days of the
+/// moment it was given. Every edit keeps the seconds. A date is a day number: days of the
 /// Gregorian calendar, counted as QDate does.
 class UserCalendar : public QObject {
     Q_OBJECT
@@ -95,7 +95,7 @@ public:
     [[nodiscard]] Q_INVOKABLE QString spokenDay(int day) const;
 
 signals:
-    /// The panel is shown afresh: today may be another day.
+    /// Emitted when the panel is shown again: today may be another day.
     void refreshed();
 
 private:

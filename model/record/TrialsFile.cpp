@@ -80,8 +80,8 @@ std::size_t endOfString(std::string_view json, std::size_t start)
 /// The text with null in the place of each number that is too large for a double, such as 1e999.
 ///
 /// The JSON library gives up on such a number even in a member that is ignored, where it does no
-/// harm. No member of a trial accepts null, so everywhere else the file is refused still. Text that
-/// is not JSON stays not JSON.
+/// harm. No member of a trial accepts null, so everywhere else the file is still refused. Text that
+/// is not JSON is not JSON afterwards either.
 QByteArray withoutTooLargeNumbers(std::string_view json)
 {
     constexpr std::string_view digits = "0123456789";
@@ -110,7 +110,7 @@ std::optional<QByteArray> TrialsFile::encode(const QList<Trial> &trials)
     if (!std::ranges::all_of(trials, isWritable)) {
         return std::nullopt;
     }
-    // One after the other: all of them as one document would weigh many times the text.
+    // One after the other: a document of all of them would need many times the memory.
     QByteArray text = QByteArrayLiteral("[");
     for (const Trial &trial : trials) {
         if (text.size() > 1) {

@@ -122,7 +122,6 @@ void TrialStore::scheduleAllNotifications()
     const QList<Trial> snapshot = trials_;
     // By their bytes, whose hash is seeded: a file can hold any number of ids that hash alike.
     QHash<QByteArray, qsizetype> firstWithId;
-    firstWithId.reserve(snapshot.size());
     for (qsizetype index = snapshot.size() - 1; index >= 0; --index) {
         firstWithId.insert(snapshot.at(index).id.toRfc4122(), index);
     }

@@ -30,8 +30,8 @@ namespace norvane {
 /// a later call has withdrawn.
 ///
 /// Calls wait while the centre is being started, because a bus keeps only so many messages for a
-/// program on its way up. When it cannot be started, they wait until it appears, or until the next
-/// call has it started again. On a machine without a session bus they vanish.
+/// program that it is starting. When it cannot be started, they wait until it appears, or until the
+/// next call has it started again. On a machine without a session bus they vanish.
 ///
 /// Lives on one thread, whose event loop must run. Only connecting blocks.
 class BusSender final : public QObject {

@@ -5,7 +5,9 @@
 import os
 import re
 import subprocess
+from collections import Counter
 from pathlib import Path
+from xml.etree import ElementTree
 
 import pytest
 from conftest import BUILD
@@ -15,6 +17,8 @@ from support.waiting import wait_until
 
 SHARE = "usr/local/share"
 PROGRAMS = ["bin/norvane", "libexec/norvane-notifier", "libexec/norvane/norvane-legacy-tray"]
+TRANSLATIONS = Path(__file__).resolve().parents[2] / "translations"
+XML_LANGUAGE = "{http://www.w3.org/XML/1998/namespace}lang"
 
 
 @pytest.fixture(scope="module")
@@ -107,6 +111,31 @@ def test_the_metadata_is_valid(root):
                             capture_output=True, text=True, check=False)
 
     assert answer.returncode == 0, answer.stdout
+
+
+@pytest.fixture
+def languages():
+    """The languages of the panel, apart from English."""
+    return {file.stem.removeprefix("norvane_") for file in TRANSLATIONS.glob("norvane_*.ts")}
+
+
+def test_the_desktop_entry_speaks_the_languages_of_the_panel(root, languages):
+    lines = (root / SHARE / "applications/org.norvane.Norvane.desktop").read_text().splitlines()
+    found = {line.split("=")[0] for line in lines}
+
+    # The name is the same in every language, and there are no actions.
+    texts = ("GenericName", "Comment", "Keywords")
+    assert {f"{text}[{language}]" for text in texts for language in languages} <= found
+    assert "Actions" not in found
+
+
+def test_the_metadata_speaks_the_languages_of_the_panel(root, languages):
+    tree = ElementTree.parse(root / SHARE / "metainfo/org.norvane.Norvane.metainfo.xml").getroot()
+    count = Counter((element.tag, element.get(XML_LANGUAGE)) for element in tree.iter()
+                    if element.tag in ("summary", "p", "caption"))
+
+    for tag in "summary", "p", "caption":
+        assert {language: count[tag, language] for language in languages} == dict.fromkeys(languages, count[tag, None])
 
 
 @pytest.mark.parametrize("page", ["man1/norvane.1", "man8/norvane-notifier.8"])

@@ -92,6 +92,9 @@ private slots:
             "2011-12-29T12:00:00-10:00", -2);
         row("Apia, back a second less", "Pacific/Apia", "2011-12-31T12:00:00+14:00",
             "2011-12-29T12:00:01-10:00", -1);
+        // The skipped Friday counts, since its noon is Saturday's, which is not passed either.
+        row("Apia, back to before the noon after it", "Pacific/Apia", "2012-01-01T12:00:00+14:00",
+            "2011-12-31T11:59:59+14:00", -2);
         // On Enderbury 1994-12-30 was followed by 1995-01-01.
         row("Enderbury, over it", "Pacific/Enderbury", "1994-12-30T06:00:00-11:00",
             "1995-01-01T06:00:00+13:00", 2);
@@ -99,6 +102,8 @@ private slots:
             "1995-01-01T05:59:59+13:00", 0);
         row("Enderbury, back over it", "Pacific/Enderbury", "1995-01-01T06:00:00+13:00",
             "1994-12-30T06:00:00-11:00", -2);
+        row("Enderbury, back to before the hour after it", "Pacific/Enderbury",
+            "1995-01-02T06:00:00+13:00", "1995-01-01T05:59:59+13:00", -2);
         // At Troll clocks go two hours forward at 01:00 on 2025-03-30, and back in October.
         row("Troll, to a time that was skipped", "Antarctica/Troll", "2025-03-29T01:30:00+00:00",
             "2025-03-30T03:30:00+02:00", 1);

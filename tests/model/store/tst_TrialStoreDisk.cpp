@@ -9,6 +9,7 @@
 #include "tests/support/TestProgram.h"
 #include "tests/support/TrialsText.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 #include <filesystem>
@@ -16,6 +17,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace norvane;
 
@@ -134,8 +136,41 @@ private slots:
         QCOMPARE(fake.folders.bytes(), QByteArray{"[]"});
     }
 
+    void aFileThatIsMadeHasTheUsualPermissions()
+    {
+        FakePlatform fake;
+
+        const auto outcome = ForkedChild::run([&fake] {
+            ::umask(0022);
+            const TrialStore store{fake.all()};
+            return 0;
+        });
+
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(status(fake.folders.trialsFile()).st_mode & 07777U, 0644U);
+    }
+
+    void withoutStandardInputTheFileIsReadAndWrittenTheSame()
+    {
+        FakePlatform fake;
+        fake.folders.write(TrialsText{}.text());
+
+        const auto outcome = ForkedChild::run([&fake] {
+            ::close(STDIN_FILENO); // The file gets its number.
+            TrialStore store{fake.all()};
+            add(store);
+            return store.trials().size() == 2 ? 0 : 1;
+        });
+
+        QCOMPARE(outcome.status, 0);
+        const auto written = TrialsFile::decode(fake.folders.bytes());
+        QVERIFY(written);
+        QCOMPARE(written->size(), 2);
+    }
+
     void aPipeInPlaceOfTheFileIsNotWaitedFor()
     {
+        QTest::failOnWarning(QRegularExpression{QStringLiteral(".*")});
         FakePlatform fake;
         QVERIFY(QDir{}.mkpath(fake.folders.storeFolder()));
         QCOMPARE(::mkfifo(qPrintable(fake.folders.trialsFile()), 0600), 0);

@@ -124,15 +124,18 @@ private slots:
     void theNewIdentifiersAreKeptInTheTrialsAndInTheFile()
     {
         FakePlatform fake;
-        fake.folders.write(TrialsText::fileOf({element("A", 2 * day, R"(["old"])")}));
+        fake.folders.write(TrialsText::fileOf(
+            {element("A", 2 * day, R"(["old"])"), element("B", 2 * hour, R"(["old"])")}));
 
         const TrialStore store{fake.all()};
 
-        const QStringList expected{id("A") + u"-24h", id("A") + u"-1h"};
-        QCOMPARE(store.trials().first().notificationIds, expected);
         const auto written = TrialsFile::decode(fake.folders.bytes());
         QVERIFY(written);
-        QCOMPARE(written->first().notificationIds, expected);
+        for (const QList<Trial> &trials : {store.trials(), *written}) {
+            QCOMPARE(trials.at(0).notificationIds,
+                     (QStringList{id("A") + u"-24h", id("A") + u"-1h"}));
+            QCOMPARE(trials.at(1).notificationIds, QStringList{id("B") + u"-1h"});
+        }
     }
 
     void aTrialThatHasEndedKeepsItsStaleIdentifiers()
