@@ -144,7 +144,6 @@ bool TrialsReader::binary(binary_t & /*value*/)
 bool TrialsReader::start_object(std::size_t /*elements*/)
 {
     if (depth_ == inList) {
-        trial_ = {};
         seen_.reset();
         return enter();
     }
@@ -174,7 +173,7 @@ bool TrialsReader::end_object()
     if (depth_ != inList) {
         return true;
     }
-    trials_.append(std::move(trial_));
+    trials_.append(std::exchange(trial_, {}));
     return seen_.all();
 }
 

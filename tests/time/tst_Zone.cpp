@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include <cstdio>
+#include <filesystem>
 
 using namespace norvane;
 using namespace std::chrono;
@@ -106,6 +107,21 @@ private slots:
 
         QVERIFY(QFile::rename(copy, folder_.filePath(QStringLiteral("old"))));
         QVERIFY(QFile::copy(QStringLiteral("/usr/share/zoneinfo/America/New_York"), copy));
+
+        QVERIFY(Zone::ofMachine() != before);
+    }
+
+    void aCopyThatIsWrittenTwiceInASecondIsAnotherZone()
+    {
+        const QString copy = folder_.filePath(QStringLiteral("written twice"));
+        QVERIFY(QFile::copy(QStringLiteral("/usr/share/zoneinfo/Asia/Tokyo"), copy));
+        qputenv("TZ", QFile::encodeName(copy));
+        const std::filesystem::path file{copy.toStdString()};
+        const auto second = floor<seconds>(last_write_time(file));
+        last_write_time(file, second + 1ms);
+        const Zone before = Zone::ofMachine();
+
+        last_write_time(file, second + 2ms);
 
         QVERIFY(Zone::ofMachine() != before);
     }
