@@ -199,6 +199,16 @@ def test_it_stands_beside_a_panel_at_any_edge(folder, position):
         assert x >= 0 and y >= 0 and x + width <= 1280 and y + height <= 800
 
 
+def test_at_a_corner_it_keeps_the_same_distance_from_both_edges(desktop, shell):
+    shell.find_icon()
+    shell.press()
+    x, y, width, _ = shell.wait_open()
+
+    area = desktop.run("xprop", "-root", "-notype", "_NET_WORKAREA").split("=")[1].split(",")
+    left, top, room, _ = (int(number) for number in area[:4])
+    assert (left + room - (x + width), y - top) == (4, 4)
+
+
 @pytest.mark.parametrize("scale", ["1.25", "2"])
 def test_it_stands_below_the_icon_at_any_scale(desktop, folder, scale):
     with Shell(desktop, QT_SCALE_FACTOR=scale) as shell:
