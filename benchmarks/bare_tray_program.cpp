@@ -15,8 +15,10 @@ public:
     BareItem()
     {
         QDBusConnection bus = QDBusConnection::sessionBus();
-        bus.registerObject(QStringLiteral("/StatusNotifierItem"), this,
-                           QDBusConnection::ExportAllSlots);
+        if (!bus.registerObject(QStringLiteral("/StatusNotifierItem"), this,
+                                QDBusConnection::ExportAllSlots)) {
+            qFatal("There is no session bus to put the icon on.");
+        }
         QDBusMessage call =
             QDBusMessage::createMethodCall(QStringLiteral("org.kde.StatusNotifierWatcher"),
                                            QStringLiteral("/StatusNotifierWatcher"),
