@@ -4,6 +4,7 @@
 
 import json
 import os
+import re
 import subprocess
 import sys
 from datetime import datetime, timedelta, timezone
@@ -88,7 +89,7 @@ def paste(desktop, text):
 
 def month_of(desktop):
     """The month and year above the open calendar."""
-    (month,) = (node["name"] for node in desktop.accessible() if node["role"] == "table")
+    (month,) = {node["name"] for node in desktop.accessible() if re.fullmatch(r"[A-Z]\w+ \d{4}", node["name"])}
     return month
 
 
