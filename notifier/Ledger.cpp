@@ -4,6 +4,7 @@
 #include "notifier/Ledger.h"
 
 #include "notifier/LateRule.h"
+#include "notifier/LedgerStatements.h"
 
 #include <QSqlQuery>
 #include <QVariant>
@@ -75,12 +76,10 @@ std::optional<std::vector<NotificationRequest>> Ledger::pending()
 {
     std::vector<NotificationRequest> requests;
     const bool isRead = storage_.read([&] {
-        forEach(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\" FROM pending "
-                               "WHERE lapsed IS NULL ORDER BY \"trigger\", number"),
-                {}, [&](const QSqlQuery &row) {
-                    requests.push_back(requestAt(row));
-                    return true;
-                });
+        forEach(ledgerStatements::listPending, {}, [&](const QSqlQuery &row) {
+            requests.push_back(requestAt(row));
+            return true;
+        });
     });
     return isRead ? std::optional{std::move(requests)} : std::nullopt;
 }
@@ -88,16 +87,8 @@ std::optional<std::vector<NotificationRequest>> Ledger::pending()
 std::optional<qint64> Ledger::pendingSize()
 {
     qint64 size = 0;
-    const bool isRead = storage_.read([&] {
-        size =
-            firstNumber(
-                QStringLiteral(
-                    "SELECT total(length(CAST(identifier AS BLOB)) + length(CAST(title AS BLOB)) + "
-                    "length(CAST(body AS BLOB)) + length(CAST(sound AS BLOB)) + "
-                    "length(\"trigger\")) "
-                    "FROM pending WHERE lapsed IS NULL"))
-                .value_or(0);
-    });
+    const bool isRead =
+        storage_.read([&] { size = firstNumber(ledgerStatements::pendingSize).value_or(0); });
     return isRead ? std::optional{size} : std::nullopt;
 }
 
@@ -108,17 +99,19 @@ bool Ledger::hasPending()
     return has || !isRead;
 }
 
+bool Ledger::isPending(const QString &identifier)
+{
+    return firstNumber(ledgerStatements::isPending, {identifier}).has_value();
+}
+
 qint64 Ledger::count()
 {
-    return firstNumber(QStringLiteral("SELECT (SELECT count(*) FROM pending) + "
-                                      "(SELECT count(*) FROM outbox)"))
-        .value_or(0);
+    return firstNumber(ledgerStatements::count).value_or(0);
 }
 
 std::optional<sys_seconds> Ledger::earliestDue()
 {
-    const std::optional<qint64> due = firstNumber(
-        QStringLiteral("SELECT due FROM pending WHERE lapsed IS NULL ORDER BY due LIMIT 1"));
+    const std::optional<qint64> due = firstNumber(ledgerStatements::earliestDue);
     return due ? std::optional{sys_seconds{seconds{*due}}} : std::nullopt;
 }
 
@@ -148,96 +141,87 @@ std::vector<Ledger::Pending> Ledger::listed(const QString &statement, const QVar
 
 std::vector<Ledger::Pending> Ledger::dueAt(sys_seconds now)
 {
-    return listed(QStringLiteral("SELECT number, identifier, \"trigger\", due FROM pending WHERE "
-                                 "lapsed IS NULL AND due <= ? ORDER BY due, number"),
-                  {number(now)});
+    return listed(ledgerStatements::dueAt, {number(now)});
 }
 
 std::vector<Ledger::Pending> Ledger::allWithDue()
 {
-    return listed(QStringLiteral("SELECT number, '', \"trigger\", due FROM pending"));
+    return listed(ledgerStatements::allWithDue);
 }
 
 void Ledger::add(const NotificationRequest &request, sys_seconds due)
 {
-    storage_.change(
-        QStringLiteral("INSERT OR REPLACE INTO pending (identifier, title, body, sound, "
-                       "\"trigger\", due) VALUES (?, ?, ?, ?, ?, ?)"),
-        {request.identifier, notNull(request.title), notNull(request.body), notNull(request.sound),
-         request.trigger.text(), number(due)});
+    storage_.change(ledgerStatements::add,
+                    {request.identifier, notNull(request.title), notNull(request.body),
+                     notNull(request.sound), request.trigger.text(), number(due)});
+}
+
+void Ledger::removeAllPending()
+{
+    storage_.change(ledgerStatements::removeAllPending);
+}
+
+void Ledger::removePending(qint64 number)
+{
+    storage_.change(ledgerStatements::removePending, {number});
 }
 
 void Ledger::moveToOutbox(qint64 number)
 {
-    storage_.change(
-        QStringLiteral("INSERT INTO outbox (identifier, title, body, sound, \"trigger\", due) "
-                       "SELECT identifier, title, body, sound, \"trigger\", due FROM pending "
-                       "WHERE number = ?"),
-        {number});
+    storage_.change(ledgerStatements::copyToOutbox, {number});
     removePending(number);
 }
 
 void Ledger::lapse(qint64 number, sys_seconds now)
 {
-    storage_.change(QStringLiteral("UPDATE pending SET lapsed = ? WHERE number = ?"),
-                    {norvane::number(now), number});
+    storage_.change(ledgerStatements::lapse, {norvane::number(now), number});
 }
 
 void Ledger::lapseWaiting(const NotificationRequest &request, sys_seconds now)
 {
-    storage_.change(QStringLiteral("INSERT OR IGNORE INTO pending (identifier, title, body, sound, "
-                                   "\"trigger\", due, lapsed) SELECT identifier, title, body, "
-                                   "sound, \"trigger\", due, ? FROM outbox WHERE identifier = ? "
-                                   "AND \"trigger\" = ?"),
+    storage_.change(ledgerStatements::lapseWaiting,
                     {number(now), request.identifier, request.trigger.text()});
     removeFromOutbox(request);
 }
 
 void Ledger::reviveLapsed(sys_seconds now)
 {
-    storage_.change(QStringLiteral("UPDATE pending SET lapsed = NULL WHERE lapsed NOT NULL AND "
-                                   "(due > ? OR lapsed > ?)"),
-                    {number(now), number(now)});
+    storage_.change(ledgerStatements::reviveLapsed, {number(now), number(now)});
 }
 
 void Ledger::setDue(qint64 number, sys_seconds due)
 {
-    storage_.change(QStringLiteral("UPDATE pending SET due = ? WHERE number = ?"),
-                    {norvane::number(due), number});
+    storage_.change(ledgerStatements::setDue, {norvane::number(due), number});
 }
 
 std::optional<OutboxEntry>
 Ledger::firstInOutbox(const std::function<bool(const OutboxEntry &)> &accept)
 {
     std::optional<OutboxEntry> found;
-    forEach(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\", due FROM outbox "
-                           "ORDER BY number"),
-            {}, [&](const QSqlQuery &row) {
-                if (OutboxEntry entry = entryAt(row); accept(entry)) {
-                    found = std::move(entry);
-                }
-                return !found;
-            });
+    forEach(ledgerStatements::listOutbox, {}, [&](const QSqlQuery &row) {
+        if (OutboxEntry entry = entryAt(row); accept(entry)) {
+            found = std::move(entry);
+        }
+        return !found;
+    });
     return found;
 }
 
 void Ledger::removeFromOutbox(const NotificationRequest &request)
 {
-    storage_.change(QStringLiteral("DELETE FROM outbox WHERE identifier = ? AND \"trigger\" = ?"),
+    storage_.change(ledgerStatements::removeFromOutbox,
                     {request.identifier, request.trigger.text()});
 }
 
 void Ledger::rememberDelivered(const NotificationRequest &request, sys_seconds now)
 {
-    storage_.change(QStringLiteral("INSERT OR REPLACE INTO delivered VALUES (?, ?, ?)"),
+    storage_.change(ledgerStatements::rememberDelivered,
                     {request.identifier, request.trigger.text(), number(now)});
 }
 
 bool Ledger::cameAlready(const QString &identifier, const WallClockMinute &trigger)
 {
-    return firstNumber(QStringLiteral("SELECT 1 FROM delivered WHERE identifier = ? AND "
-                                      "\"trigger\" = ? UNION ALL SELECT 1 FROM outbox WHERE "
-                                      "identifier = ? AND \"trigger\" = ?"),
+    return firstNumber(ledgerStatements::cameAlready,
                        {identifier, trigger.text(), identifier, trigger.text()})
         .has_value();
 }
@@ -246,9 +230,7 @@ bool Ledger::laterCame(const QString &identifier, const WallClockMinute &trigger
 {
     const TrialRange range{identifier};
     bool came = false;
-    forEach(QStringLiteral("SELECT identifier FROM delivered WHERE identifier > ? AND "
-                           "identifier < ? AND \"trigger\" > ? UNION ALL SELECT identifier FROM "
-                           "outbox WHERE identifier > ? AND identifier < ? AND \"trigger\" > ?"),
+    forEach(ledgerStatements::laterCame,
             {range.after, range.before, trigger.text(), range.after, range.before, trigger.text()},
             [&](const QSqlQuery &row) {
                 came = range.include(row.value(0).toString());
@@ -262,9 +244,8 @@ std::vector<OutboxEntry> Ledger::earlierWaiting(const QString &identifier,
 {
     const TrialRange range{identifier};
     std::vector<OutboxEntry> entries;
-    forEach(QStringLiteral("SELECT identifier, title, body, sound, \"trigger\", due FROM outbox "
-                           "WHERE identifier > ? AND identifier < ? AND \"trigger\" < ?"),
-            {range.after, range.before, trigger.text()}, [&](const QSqlQuery &row) {
+    forEach(ledgerStatements::earlierWaiting, {range.after, range.before, trigger.text()},
+            [&](const QSqlQuery &row) {
                 if (range.include(row.value(0).toString())) {
                     entries.push_back(entryAt(row));
                 }
@@ -275,20 +256,20 @@ std::vector<OutboxEntry> Ledger::earlierWaiting(const QString &identifier,
 
 void Ledger::forgetBefore(sys_seconds moment)
 {
-    storage_.change(QStringLiteral("DELETE FROM delivered WHERE at < ?"), {number(moment)});
-    storage_.change(QStringLiteral("DELETE FROM pending WHERE lapsed < ?"), {number(moment)});
+    storage_.change(ledgerStatements::forgetDeliveredBefore, {number(moment)});
+    storage_.change(ledgerStatements::forgetLapsedBefore, {number(moment)});
 }
 
 void Ledger::forgetDeliveredAfter(sys_seconds moment)
 {
-    storage_.change(QStringLiteral("DELETE FROM delivered WHERE at > ?"), {number(moment)});
+    storage_.change(ledgerStatements::forgetDeliveredAfter, {number(moment)});
 }
 
 void Ledger::remove(const QStringList &identifiers)
 {
     for (const QString &identifier : identifiers) {
-        storage_.change(QStringLiteral("DELETE FROM pending WHERE identifier = ?"), {identifier});
-        storage_.change(QStringLiteral("DELETE FROM outbox WHERE identifier = ?"), {identifier});
+        storage_.change(ledgerStatements::removeFromPending, {identifier});
+        storage_.change(ledgerStatements::removeWaiting, {identifier});
     }
 }
 

@@ -43,13 +43,17 @@ public:
         const QString &folder, std::function<void()> leftDisk = [] {});
 
     /// See LedgerStorage for these.
-    [[nodiscard]] bool open() { return storage_.open(); }
+    [[nodiscard]] bool open(std::chrono::milliseconds patience = std::chrono::seconds{3})
+    {
+        return storage_.open(patience);
+    }
     LedgerStorage::Outcome transact(const std::function<void()> &work)
     {
         return storage_.transact(work);
     }
     [[nodiscard]] bool isOnDisk() const { return storage_.isOnDisk(); }
     [[nodiscard]] bool goBackToDisk() { return storage_.goBackToDisk(); }
+    [[nodiscard]] bool handOver() { return storage_.handOver(); }
     void checkFile() { storage_.checkFile(); }
     void shrinkMemory() { storage_.shrinkMemory(); }
 
@@ -61,23 +65,15 @@ public:
     /// True as well when that cannot be read.
     [[nodiscard]] bool hasPending();
     /// Whether there is a request of this identifier that is pending, or lapsed.
-    [[nodiscard]] bool isPending(const QString &identifier)
-    {
-        return firstNumber(QStringLiteral("SELECT 1 FROM pending WHERE identifier = ?"),
-                           {identifier})
-            .has_value();
-    }
+    [[nodiscard]] bool isPending(const QString &identifier);
     /// How many requests there are: pending, lapsed and in the outbox.
     [[nodiscard]] qint64 count();
     [[nodiscard]] std::optional<std::chrono::sys_seconds> earliestDue();
     [[nodiscard]] std::vector<Pending> dueAt(std::chrono::sys_seconds now); ///< In order of due.
     /// Replaces a pending request with the same identifier.
     void add(const NotificationRequest &request, std::chrono::sys_seconds due);
-    void removeAllPending() { storage_.change(QStringLiteral("DELETE FROM pending")); }
-    void removePending(qint64 number)
-    {
-        storage_.change(QStringLiteral("DELETE FROM pending WHERE number = ?"), {number});
-    }
+    void removeAllPending();
+    void removePending(qint64 number);
     void moveToOutbox(qint64 number);
 
     // Requests that came too late to be worth showing. They are kept, but are no longer pending.

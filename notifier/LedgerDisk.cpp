@@ -121,6 +121,23 @@ bool LedgerDisk::isInPlace() const
     return identities() == attached_;
 }
 
+LedgerDisk::Stamp LedgerDisk::stamp() const
+{
+    Stamp stamp{};
+    auto next = stamp.begin();
+    for (const char *const part : {"", "-wal"}) {
+        struct stat status = {};
+        std::ignore =
+            ::stat(QFile::encodeName(path_ + QLatin1StringView{part}).constData(), &status);
+        for (const auto number : {static_cast<qint64>(status.st_dev),
+                                  static_cast<qint64>(status.st_ino), qint64{status.st_size},
+                                  qint64{status.st_mtim.tv_sec}, qint64{status.st_mtim.tv_nsec}}) {
+            *next++ = number;
+        }
+    }
+    return stamp;
+}
+
 /// Whether the path leads to an ordinary file. Opening a pipe or a device could block, or do harm.
 bool LedgerDisk::isFile() const
 {
@@ -134,23 +151,34 @@ bool LedgerDisk::attachForReading(QSqlDatabase &database) const
         return true;
     }
     detach(database);
-    if (!isFile()) {
-        return false;
-    }
-    QSqlQuery query{database};
-    if (attachFile(query, attachment(path_, QLatin1StringView{"?mode=ro"})) &&
-        isReadable(database)) {
-        return true;
-    }
-    detach(database);
     // Perhaps only the log beside the file cannot be opened. When it is empty, it is not needed.
-    if (QFileInfo{path_ + QLatin1StringView{"-wal"}}.size() == 0 &&
-        attachFile(query, attachment(path_, QLatin1StringView{"?mode=ro&immutable=1"})) &&
-        isReadable(database)) {
+    return attachAsItIs(database, QLatin1StringView{"?mode=ro"}) ||
+           (QFileInfo{path_ + QLatin1StringView{"-wal"}}.size() == 0 &&
+            attachAsItIs(database, QLatin1StringView{"?mode=ro&immutable=1"}));
+}
+
+bool LedgerDisk::attachInUse(QSqlDatabase &database) const
+{
+    return attachAsItIs(database, QLatin1StringView{"?mode=rw"});
+}
+
+bool LedgerDisk::attachAsItIs(QSqlDatabase &database, QLatin1StringView options) const
+{
+    QSqlQuery query{database};
+    if (isFile() && attachFile(query, attachment(path_, options)) && isReadable(database)) {
         return true;
     }
+    query.clear();
     detach(database);
     return false;
+}
+
+void LedgerDisk::tellOthers() const
+{
+    QFile sign{folder_ + QStringLiteral("/handed-over")};
+    if (sign.open(QFile::WriteOnly, ownerFile)) {
+        sign.remove();
+    }
 }
 
 bool LedgerDisk::isReadable(QSqlDatabase &database)

@@ -41,11 +41,21 @@ public:
     /// Attaches the file for reading where it is not attached or cannot be read as it is. False,
     /// with nothing attached, where that is not possible.
     [[nodiscard]] bool attachForReading(QSqlDatabase &database) const;
+    /// Attaches the file for writing, also while another process uses it. False, with nothing
+    /// attached, where that is not possible.
+    [[nodiscard]] bool attachInUse(QSqlDatabase &database) const;
+    /// Has the process that uses the file notice that it has changed: it watches the folder.
+    void tellOthers() const;
     /// Whether the attached file and its log are still those that their paths lead to. Looks at the
     /// paths only: a file of the same process that is opened and closed again would take SQLite's
     /// locks with it.
     [[nodiscard]] bool isInPlace() const;
     static void detach(QSqlDatabase &database);
+
+    /// Which files the paths of the file and its log lead to, how long they are and when they were
+    /// written last: another value after another process has written to them.
+    using Stamp = std::array<qint64, 10>;
+    [[nodiscard]] Stamp stamp() const;
 
 private:
     /// What tells a file from every other: device and number.
@@ -53,6 +63,7 @@ private:
 
     [[nodiscard]] static Identity identityOf(const QString &path);
     [[nodiscard]] static bool isReadable(QSqlDatabase &database);
+    [[nodiscard]] bool attachAsItIs(QSqlDatabase &database, QLatin1StringView options) const;
     [[nodiscard]] bool makeFolder() const;
     [[nodiscard]] bool isFile() const;
     [[nodiscard]] State tryAttach(QSqlDatabase &database) const;

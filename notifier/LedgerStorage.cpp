@@ -44,9 +44,6 @@ const QStringList adding{
                    "(SELECT identifier, \"trigger\" FROM disk.delivered)"),
 };
 
-/// How long a start waits for a process that is about to end.
-constexpr std::chrono::seconds predecessorTimeout{3};
-
 /// How long a transaction waits for another program that looks into the file, in milliseconds.
 const QString waitForOthers = QStringLiteral("PRAGMA busy_timeout = 1000");
 const QString waitForNobody = QStringLiteral("PRAGMA busy_timeout = 0");
@@ -72,7 +69,7 @@ LedgerStorage::~LedgerStorage()
     QSqlDatabase::removeDatabase(connection_);
 }
 
-bool LedgerStorage::open()
+bool LedgerStorage::open(std::chrono::milliseconds patience)
 {
     const QString driver = QStringLiteral("QSQLITE");
     if (!QSqlDatabase::isDriverAvailable(driver)) {
@@ -85,7 +82,7 @@ bool LedgerStorage::open()
         return false;
     }
     execute(waitForOthers);
-    const LedgerDisk::State state = disk_.attach(database_, predecessorTimeout);
+    const LedgerDisk::State state = disk_.attach(database_, patience);
     onDisk_ = state == LedgerDisk::State::Ready;
     if (state == LedgerDisk::State::InUse) {
         warnOfMemory();
@@ -178,23 +175,50 @@ void LedgerStorage::fallBackToMemory()
             return execute(QStringLiteral("INSERT INTO main.%1 SELECT * FROM disk.%1").arg(table));
         });
     LedgerDisk::detach(database_);
+    left_ = disk_.stamp();
 }
 
 bool LedgerStorage::goBackToDisk()
 {
     statements_.clear(); // A prepared statement would go on using the tables in memory.
+    holdsAll_ = holdsAll_ && disk_.stamp() == left_; // Another process may have handed over.
     execute(waitForNobody);
-    onDisk_ = disk_.attach(database_, {}) == LedgerDisk::State::Ready && copyToDisk();
+    const LedgerDisk::State state = disk_.attach(database_, {});
+    // Another process adds to the file as long as it has it.
+    holdsAll_ = holdsAll_ && state != LedgerDisk::State::InUse;
+    onDisk_ = state == LedgerDisk::State::Ready && copyToDisk();
     execute(waitForOthers);
     statements_.clear();
     if (!onDisk_) {
         LedgerDisk::detach(database_);
+        left_ = disk_.stamp();
         return false;
     }
     for (const QString &table : tables) {
         execute(QStringLiteral("DROP TABLE main.%1").arg(table));
     }
     return true;
+}
+
+bool LedgerStorage::handOver()
+{
+    if (onDisk_ || !disk_.attachInUse(database_)) {
+        return false;
+    }
+    const bool isDone = attempt([this] {
+        for (const QString &copy : adding) {
+            change(copy);
+        }
+        for (const QString &table : tables) {
+            change(QStringLiteral("DELETE FROM main.%1").arg(table));
+        }
+    });
+    statements_.clear();
+    LedgerDisk::detach(database_);
+    if (isDone) {
+        disk_.tellOthers();
+    }
+    return isDone;
 }
 
 bool LedgerStorage::copyToDisk()

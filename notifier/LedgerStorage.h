@@ -39,8 +39,8 @@ public:
     ~LedgerStorage();
 
     /// False where there is no SQLite to work with, not even in memory. Otherwise it always opens;
-    /// for another process to let go of the file it waits, but not for long.
-    [[nodiscard]] bool open();
+    /// for another process to let go of the file it waits, but no longer than `patience`.
+    [[nodiscard]] bool open(std::chrono::milliseconds patience);
     /// Applies the changes that `work` makes, all of them or none. It may be called a second time,
     /// when the first attempt came to nothing on disk.
     Outcome transact(const std::function<void()> &work);
@@ -50,6 +50,11 @@ public:
     /// reminder too many is better than one that was promised and lost. Does not wait for another
     /// process that uses the file. Not inside transact().
     [[nodiscard]] bool goBackToDisk();
+    /// For the end of a process that works in memory because another one uses the file: adds what
+    /// is in memory to the file, wakes the other process (by a file that comes and goes in the
+    /// folder), and forgets it here. False where there is no such process, or nothing could be
+    /// added.
+    [[nodiscard]] bool handOver();
     /// Where the file was removed or replaced since the last transaction, it is written anew.
     void checkFile();
     /// Frees SQLite's caches.
@@ -78,8 +83,9 @@ private:
     QSqlDatabase database_;
     std::map<QString, QSqlQuery> statements_;
     bool onDisk_ = false;
-    bool holdsAll_ = false; ///< While in memory: all that the file held was copied there.
-    bool failed_ = false;   ///< A statement of the running transaction, or read(), failed.
+    bool holdsAll_ = false;    ///< While in memory: all that the file held was copied there.
+    LedgerDisk::Stamp left_{}; ///< While in memory: the file as this process last saw it.
+    bool failed_ = false;      ///< A statement of the running transaction, or read(), failed.
 };
 
 } // namespace norvane

@@ -3,6 +3,8 @@
 
 #include "notifier/LedgerTables.h"
 
+#include "notifier/LedgerStatements.h"
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QStringList>
@@ -52,6 +54,12 @@ QSqlError tryAll(QSqlDatabase &database)
         QStringLiteral("RELEASE attempt"),
     };
     QSqlQuery query{database};
+    // They reach the tables in memory where these are in use; the file was tried before that.
+    for (const QString &statement : ledgerStatements::all) {
+        if (!query.prepare(statement)) {
+            return query.lastError();
+        }
+    }
     for (const QString &statement : statements) {
         if (!query.exec(statement)) {
             return query.lastError();

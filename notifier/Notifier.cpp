@@ -22,6 +22,7 @@ constexpr std::chrono::seconds lastAnswerTimeout{1};
 
 Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings)
     : bus_{bus},
+      folder_{settings.folder},
       ledger_{settings.folder, [this] { backToDisk_.start(); }},
       server_{bus, settings.serverTimeout},
       scheduler_{ledger_, timer_, zone_, clock},
@@ -33,6 +34,7 @@ Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Setting
     connect(&courier_, &Courier::emptied, this, &Notifier::callCame);
     connect(&server_, &NotificationServer::screenCleared, this, &Notifier::callCame);
     connect(&server_, &NotificationServer::clicked, this, &Notifier::openNorvane);
+    connect(&ledgerFolder_, &QFileSystemWatcher::directoryChanged, &scheduler_, &Scheduler::start);
     burstEnd_.setSingleShot(true);
     burstEnd_.setInterval(betweenBursts);
     connect(&burstEnd_, &QTimer::timeout, this, &Notifier::giveBackMemory);
@@ -70,6 +72,9 @@ bool Notifier::start()
         return false;
     }
     zone_.watch();
+    if (!ledgerFolder_.addPath(folder_)) {
+        qWarning("What another norvane-notifier hands over will be noticed late.");
+    }
     scheduler_.start();
     callCame();
     return true;
@@ -101,15 +106,15 @@ void Notifier::giveBackMemory()
     giveBackSpareMemory();
 }
 
-/// All that came in goes to the file, as far as that can be. What is due waits there for the next
-/// process: handing it out now could show it twice.
+/// All that came in goes to the file, as far as that can be, or to the process that uses it. What
+/// is due waits there for the next process: handing it out now could show it twice.
 void Notifier::save()
 {
     courier_.hold();
     facade_.writeAll();
     scheduler_.goBackToDisk();
     ledger_.checkFile();
-    if (!ledger_.isOnDisk()) {
+    if (!ledger_.isOnDisk() && !ledger_.handOver()) {
         courier_.release();
     }
 }

@@ -13,6 +13,7 @@
 #include "platform/Clock.h"
 
 #include <QDBusConnection>
+#include <QFileSystemWatcher>
 #include <QObject>
 #include <QTimer>
 
@@ -21,7 +22,8 @@
 namespace norvane {
 
 /// The notification centre, put together: one on each session bus. Of several that would share a
-/// ledger, for a user with several buses, the first has it and the others work from memory.
+/// ledger, for a user with several buses, the first has it and the others work from memory. What
+/// they hold then goes to the first when they end, or to the file when the first ends.
 class Notifier final : public QObject {
     Q_OBJECT
 
@@ -70,6 +72,7 @@ private:
     [[nodiscard]] bool startSuccessor();
 
     QDBusConnection bus_;
+    const QString folder_; ///< Of the ledger.
     Ledger ledger_;
     WallClockTimer timer_;
     SystemZone zone_;
@@ -77,6 +80,7 @@ private:
     Scheduler scheduler_;
     Courier courier_;
     ServiceFacade facade_;
+    QFileSystemWatcher ledgerFolder_; ///< Another process may hand over what it held in memory.
     QTimer idle_;       ///< Restarted by all that happens; its end is the time to leave.
     QTimer burstEnd_;   ///< Ends when calls have stopped for a moment.
     QTimer backToDisk_; ///< Runs while the ledger is in memory only.

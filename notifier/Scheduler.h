@@ -92,7 +92,8 @@ public:
     Scheduler(Ledger &ledger, Alarm &alarm, const LocalZone &zone, const Clock &clock,
               qint64 requestLimit = mostRequests, QObject *parent = nullptr);
 
-    /// Works through what was missed and begins to wait. The ledger must be open.
+    /// Works through what was missed and begins to wait. The ledger must be open. The same again
+    /// when another process has added to it.
     void start();
     /// With a ledger in memory only: back to the file, if that can be, and to what it holds.
     void goBackToDisk();

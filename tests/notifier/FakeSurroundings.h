@@ -10,7 +10,10 @@
 #include <QStringList>
 
 #include <chrono>
+#include <csignal>
 #include <optional>
+
+#include <sys/resource.h>
 
 namespace norvane {
 
@@ -72,6 +75,26 @@ public:
 
 private:
     NotificationRequest last_;
+};
+
+/// No file can be written as long as this lives.
+class FullDisk {
+public:
+    explicit FullDisk(bool isFull)
+    {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        if (isFull) {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit none{.rlim_cur = 0, .rlim_max = before_.rlim_max};
+            ::setrlimit(RLIMIT_FSIZE, &none);
+        }
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+    rlimit before_{};
 };
 
 } // namespace norvane

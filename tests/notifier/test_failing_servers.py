@@ -12,6 +12,7 @@ import pytest
 
 from support.notification_server import NotificationServer
 from support.notifier import this_minute
+from support.process import wake_ups
 from support.waiting import wait_until
 
 FRAGILE_SERVER = Path(__file__).resolve().parents[1] / "support" / "fragile_server.py"
@@ -157,3 +158,20 @@ def test_a_server_that_would_draw_a_button_for_the_click_is_given_none(
         add_in_order(notifier, "first")
 
         assert server.wait_for(1)[0].actions == actions
+
+
+def test_after_its_server_is_gone_other_programs_notifications_do_not_wake_it(notifier, bus):
+    notifier.start()
+    with NotificationServer(bus) as server:
+        add_in_order(notifier, "first")
+        server.wait_for(1)
+    time.sleep(2)  # It tidies up half a second after the last call.
+    with NotificationServer(bus) as other:
+        time.sleep(1)  # A server that appears wakes it.
+        before = wake_ups(notifier.process.pid)
+
+        for i in range(20):
+            other.close_notification(i)
+        time.sleep(1)  # What is looked for is that nothing happens, which only time can show.
+
+        assert wake_ups(notifier.process.pid) == before

@@ -247,3 +247,17 @@ def test_the_second_takes_over_from_the_first(notifier, other_notifier):
 
         assert server.wait_for(1, 90)[0].title == "due"
         assert sorted(other.identifiers()) == ["a-1h", "b-1h", "c-1h"]
+
+
+def test_a_second_that_ends_first_hands_over_what_it_holds(notifier, server, other_notifier):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    with other_notifier() as other:
+        for identifier, trigger in (("b-1h", FAR), ("due-24h", this_minute())):
+            with pytest.raises(GLib.Error):
+                other.add(identifier, trigger, title=identifier)  # No server there: it waits.
+
+        other.kill(signal.SIGTERM)
+
+        assert server.wait_for(1)[0].title == "due-24h"
+        assert sorted(notifier.identifiers()) == ["a-1h", "b-1h"]

@@ -4,10 +4,13 @@
 """The file behind the notification centre, whole, damaged, foreign or out of reach."""
 
 import os
+import re
 import resource
+import shutil
 import signal
 import sqlite3
 import stat
+import subprocess
 from contextlib import closing
 from pathlib import Path
 from tempfile import TemporaryDirectory
@@ -80,6 +83,27 @@ def test_what_was_acknowledged_survives_a_kill(notifier):
     notifier.restart()
 
     assert notifier.identifiers() == ["b-1h"]
+
+
+@pytest.mark.skipif(not shutil.which("strace"), reason="needs strace")
+def test_a_request_is_on_the_disk_before_it_is_answered(notifier, tmp_path):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    log = tmp_path / "calls"
+    threads = Path(f"/proc/{notifier.process.pid}/task")
+    tracer = subprocess.Popen(["strace", "-f", "-qq", "-e", "trace=fdatasync,fsync,sendmsg", "-o", log,
+                               "-p", str(notifier.process.pid)], stderr=subprocess.DEVNULL)
+    wait_until(lambda: tracer.poll() is not None or all(
+        f"TracerPid:\t{tracer.pid}\n" in status.read_text() for status in threads.glob("*/status")), "the tracer")
+    if tracer.poll() is not None:
+        pytest.skip("no process may trace another")
+
+    notifier.add("b-1h", FAR)
+
+    tracer.send_signal(signal.SIGINT)
+    tracer.wait()
+    calls = re.findall(r"(\w+)\(", log.read_text())
+    assert calls.index("fdatasync") < calls.index("sendmsg")
 
 
 @pytest.mark.parametrize("content", [b"no database at all" * 1000, b"SQLite format 3\0" + b"x" * 9000],

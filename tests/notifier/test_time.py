@@ -27,6 +27,12 @@ def leave_pending(notifier, requests):
         ledger.commit()
 
 
+def delivered(notifier):
+    """How many reminders it remembers to have delivered."""
+    with closing(sqlite3.connect(f"file:{notifier.ledger}?mode=ro", uri=True)) as ledger:
+        return ledger.execute("SELECT count(*) FROM delivered").fetchone()[0]
+
+
 def test_of_several_missed_for_one_trial_only_the_latest_comes(notifier, server):
     leave_pending(notifier, {"a-3d": minutes_ago(300), "a-24h": minutes_ago(200),
                              "a-1h": minutes_ago(30), "b-c-3d": minutes_ago(250),
@@ -116,3 +122,23 @@ def test_other_files_beside_the_zones_link_do_not_wake_it(notifier, tmp_path):
     time.sleep(1)  # What is looked for is that nothing happens, which only time can show.
 
     assert wake_ups(notifier.process.pid) == before
+
+
+def test_what_was_delivered_by_a_clock_that_was_ahead_comes_once_by_the_right_one(notifier, server):
+    trigger = this_minute()
+    notifier.start()
+    notifier.add("a-1h", trigger, title="first")
+    server.wait_for(1)
+    wait_until(lambda: delivered(notifier) == 1, "the note of it")
+    notifier.kill()
+    with closing(sqlite3.connect(notifier.ledger)) as ledger:
+        ledger.execute("UPDATE delivered SET at = at + 86400")  # As if the clock had been a day ahead.
+        ledger.commit()
+    notifier.start()
+
+    for title in ("second", "third"):
+        notifier.add("a-1h", trigger, title=title)
+    notifier.add("b-1h", trigger, title="end")
+
+    wait_until(lambda: "end" in server.titles, "the last one")
+    assert server.titles == ["first", "second", "end"]

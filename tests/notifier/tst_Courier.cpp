@@ -92,6 +92,20 @@ private slots:
         QCOMPARE(server_->given.count(QStringLiteral("a-1h")), 5);
     }
 
+    void thePausesGrowNoLongerThanTheLongest()
+    {
+        QElapsedTimer time;
+        time.start();
+        courier_->deliver();
+
+        for (qsizetype attempts = 1; attempts <= 7; ++attempts) {
+            emit server_->failed(Unavailable);
+            QVERIFY(wasGiven(attempts + 1));
+        }
+
+        QVERIFY(time.elapsed() < 1500); // 540, and 2540 if they went on doubling.
+    }
+
     void aSuccessMakesThePauseShortAgain()
     {
         useLongPauses();

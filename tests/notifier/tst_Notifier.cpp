@@ -8,6 +8,7 @@
 #include "tests/support/TestProgram.h"
 
 #include <QDBusConnectionInterface>
+#include <QDateTime>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,6 +17,22 @@
 
 using namespace norvane;
 using namespace std::chrono_literals;
+
+/// A notification server that counts how often it is asked what it can do.
+class CountingServer final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    int asked = 0;
+
+public slots:
+    QStringList GetCapabilities()
+    {
+        ++asked;
+        return {};
+    }
+};
 
 class TestNotifier final : public QObject {
     Q_OBJECT
@@ -60,15 +77,37 @@ private slots:
         bus_.withdrawOffer(busNames::notificationCenter);
     }
 
+    void whatIsDueInThatMomentIsLeftToTheSuccessor()
+    {
+        bus_.offer(busNames::notificationCenter, QStringLiteral("true"));
+        connection_.interface()->call(QStringLiteral("ReloadConfig"));
+        CountingServer server;
+        QVERIFY(client_.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &server,
+                                       QDBusConnection::ExportAllSlots));
+        QVERIFY(client_.registerService(QStringLiteral("org.freedesktop.Notifications")));
+        const QSignalSpy finished{notifier_.get(), &Notifier::finished};
+
+        callWhileItLeaves(
+            QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH:mm")));
+
+        QTRY_COMPARE(finished.count(), 1);
+        connection_.interface()->call(QStringLiteral("GetId")); // What it sent was passed on.
+        client_.interface()->call(QStringLiteral("GetId"));     // And has arrived.
+        QCoreApplication::processEvents();
+        QCOMPARE(server.asked, 0);
+        QVERIFY(client_.unregisterService(QStringLiteral("org.freedesktop.Notifications")));
+        client_.unregisterObject(QStringLiteral("/org/freedesktop/Notifications"));
+        bus_.withdrawOffer(busNames::notificationCenter);
+    }
+
 private:
     /// A call that the bus has passed on already, and that is not looked at yet.
-    void callWhileItLeaves()
+    void callWhileItLeaves(const QString &trigger = QStringLiteral("9999-01-01T12:00"))
     {
         QDBusMessage call = QDBusMessage::createMethodCall(
             busNames::notificationCenter, busNames::notificationCenterPath,
             QStringLiteral("org.norvane.NotificationCenter1"), QStringLiteral("AddRequest"));
-        call << QStringLiteral("a-1h") << QString{} << QString{} << QString{}
-             << QStringLiteral("9999-01-01T12:00");
+        call << QStringLiteral("a-1h") << QString{} << QString{} << QString{} << trigger;
         client_.send(call);
         client_.interface()->call(QStringLiteral("GetId")); // Answered after that was passed on.
 

@@ -268,6 +268,75 @@ private slots:
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
     }
 
+    void whatIsDueLeavesBeforeARequestForAnotherMinuteReplacesIt()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:01");
+        clock_.moment = plannedNoon + 1min;
+
+        add(QStringLiteral("a-1h"), u"2026-07-02T12:00");
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+        QVERIFY(scheduler_->hasPending());
+    }
+
+    void oneThatIsAskedForTooLateYieldsToALaterOneThatStillWaitsForAServer()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+
+        add(QStringLiteral("a-24h"), u"2026-07-01T11:00");
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+    void aMissedReminderComesAsLongAsItIsWorthShowing()
+    {
+        clock_.moment = plannedNoon + 1h;
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+        add(QStringLiteral("b-1h"), u"2026-07-01T12:01");
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("b-1h")});
+    }
+
+    void whatLapsedIsForgottenAfterAWeek()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T10:00");
+        QCOMPARE(ledger_->count(), 1);
+
+        clock_.moment = plannedNoon + days{7} + 1s;
+        emit alarm_.fired();
+
+        QCOMPARE(ledger_->count(), 0);
+    }
+
+    void whatWasDeliveredByAClockThatWasAheadComesAgainOnce()
+    {
+        clock_.moment = plannedNoon + 24h;
+        add(QStringLiteral("a-1h"), u"2026-07-02T12:00");
+        deliverAll();
+        clock_.moment = plannedNoon;
+        emit alarm_.clockSet();
+
+        add(QStringLiteral("a-1h"), u"2026-07-02T12:00");
+        clock_.moment = plannedNoon + 24h;
+        emit alarm_.fired();
+
+        QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+    void aClockThatIsCorrectedByAMinuteBringsNothingAgain()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+        deliverAll();
+        clock_.moment = plannedNoon - 60s;
+        emit alarm_.clockSet();
+
+        add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
+        clock_.moment = plannedNoon;
+        emit alarm_.fired();
+
+        QCOMPARE(outbox(), QStringList{});
+    }
+
     void whatIsDueLeavesBeforeARemovalOfAll()
     {
         std::ignore =

@@ -33,6 +33,35 @@ private slots:
         QCOMPARE(zone.zone(), Zone{QTimeZone{"Europe/Berlin"}});
     }
 
+    void aLinkThatIsReplacedBeforeItIsWatchedIsNoticed()
+    {
+        SystemZone zone;
+        point(QStringLiteral("Asia/Tokyo"));
+
+        zone.watch();
+
+        QCOMPARE(zone.zone(), Zone{QTimeZone{"Asia/Tokyo"}});
+    }
+
+    void aFileThatIsWrittenInItsPlaceIsNoticed()
+    {
+        QVERIFY(QFile::remove(link()));
+        QVERIFY(QFile::copy(QStringLiteral("/usr/share/zoneinfo/Europe/Berlin"), link()));
+        QVERIFY(QFile::setPermissions(link(), QFile::ReadOwner | QFile::WriteOwner));
+        SystemZone zone;
+        zone.watch();
+        QSignalSpy changed{&zone, &LocalZone::changed};
+        QFile other{QStringLiteral("/usr/share/zoneinfo/Asia/Tokyo")};
+        QVERIFY(other.open(QFile::ReadOnly));
+
+        QFile file{link()};
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write(other.readAll());
+        file.close();
+
+        QVERIFY(changed.count() > 0 || changed.wait());
+    }
+
     void aLinkThatIsReplacedIsNoticed()
     {
         SystemZone zone;

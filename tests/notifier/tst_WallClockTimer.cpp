@@ -111,6 +111,20 @@ private slots:
 
         QTRY_COMPARE(clockSet.count(), 2);
     }
+
+    void aClockThatIsSetJustBeforeTheNextMomentIsNoticed()
+    {
+        WallClockTimer timer;
+        const QSignalSpy clockSet{&timer, &Alarm::clockSet};
+        timer.set(thisSecond() + 24h);
+        if (!setClockForward()) {
+            QSKIP("The machine's clock is not ours to set.");
+        }
+
+        timer.set(thisSecond() + 24h);
+
+        QTRY_COMPARE(clockSet.count(), 1);
+    }
 };
 
 NORVANE_TEST(TestWallClockTimer)
