@@ -2,12 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Measures the notification centre, each figure beside its floor of the same run.
 
-    notifier_figures.py BUILD_FOLDER [--seconds N] [--rounds N] [--kills N] [--requests N]
+    notifier_figures.py BUILD_FOLDER [PART ...] [--seconds N] [--rounds N] [--kills N] [--requests N]
+                        [--minutes N]
 
 BUILD_FOLDER  a build tree, best the release preset's
+PART          memory, traffic, wake-ups, faults or minutes; all of them unless told
 --seconds     how long to count wake-ups (60)
 --rounds      how often to measure the traffic; the best round counts (3)
 --kills       kills in the fault run (200), under --requests requests (30000)
+--minutes     how many real minutes to be punctual at (20)
 
 Prints one figure a line: what, how much, the floor, the ratio, the goal. Exits 1 when a goal is
 missed or the fault run finds something lost.
@@ -19,7 +22,9 @@ import subprocess
 import sys
 import tempfile
 import time
+from datetime import datetime, timedelta
 from pathlib import Path
+from statistics import median
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests"))
 
@@ -27,13 +32,15 @@ from gi.repository import Gio, GLib  # noqa: E402
 from support import kill_run  # noqa: E402
 from support.bus import PrivateBus  # noqa: E402
 from support.notification_server import NotificationServer  # noqa: E402
-from support.notifier import NAME, Notifier  # noqa: E402
+from support.notifier import NAME, Notifier, minute  # noqa: E402
 from support.process import memory, wake_ups  # noqa: E402
 from support.waiting import wait_until  # noqa: E402
 
 FLOOR_NAME = "org.norvane.EmptyProcess"
+PARTS = ["memory", "traffic", "wake-ups", "faults", "minutes"]
 MEMORY_GOAL = 1.25
 TRAFFIC_GOAL = 3.0
+LATENESS_GOAL = 50  # Milliseconds behind a program that only waits for the minute.
 
 
 class Figures:
@@ -102,7 +109,7 @@ def measure_memory(build: Path, bus: PrivateBus, folder: Path, figures: Figures)
             figures.ratio(f"{kind} {what}", used[kind] / 1024, floor[kind] / 1024, "MiB",
                           MEMORY_GOAL)
 
-    for count in (0, 300, 30_000):
+    for count in (0, 300, 30_000, 100_000):
         # Just before each figure, and not beside it: the proportional one depends on who else has
         # the same libraries loaded.
         with Floor(build, bus) as process:
@@ -151,24 +158,54 @@ def measure_faults(bus: PrivateBus, folder: Path, kills: int, requests: int, fig
                        "again after a kill)", "0", wrong == 0)
 
 
+def measure_minutes(build: Path, bus: PrivateBus, folder: Path, minutes: int, figures: Figures):
+    """How long after its minute began a reminder reaches the server, beside a bare kernel timer."""
+    with NotificationServer(bus) as server, Notifier(bus, folder / "minutes") as notifier:
+        notifier.start()
+        while datetime.now().second > 50:
+            time.sleep(1)
+        with subprocess.Popen([build / "benchmarks/bare_timer", str(minutes)], stdout=subprocess.PIPE,
+                              text=True) as bare:
+            start = datetime.now()
+            for i in range(1, minutes + 1):
+                notifier.add(f"{i}-1h", minute(start + timedelta(minutes=i)), title=str(i))
+            wakings = [float(line) for line in bare.stdout]
+        shown = server.wait_for(minutes)
+    assert len(wakings) == minutes and server.titles == [str(i) for i in range(1, minutes + 1)]
+    behind = [1000 * (one.time - waking) for one, waking in zip(shown, wakings)]
+    late = [1000 * (one.time % 60) for one in shown]
+    figures.report(f"Behind a bare timer, {minutes} minutes", f"{max(behind):.1f} ms at worst, {median(behind):.1f} ms "
+                   f"usually (of {min(late):.1f} to {max(late):.1f} ms)", f"<= {LATENESS_GOAL} ms",
+                   max(behind) <= LATENESS_GOAL)
+
+
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("build", type=Path)
+    parser.add_argument("parts", nargs="*", metavar="PART", default=PARTS)
     parser.add_argument("--seconds", type=int, default=60)
     parser.add_argument("--rounds", type=int, default=3)
     parser.add_argument("--kills", type=int, default=200)
     parser.add_argument("--requests", type=int, default=30_000)
+    parser.add_argument("--minutes", type=int, default=20)
     arguments = parser.parse_args()
+    if not set(arguments.parts) <= set(PARTS):
+        parser.error(f"PART is one of {', '.join(PARTS)}")
     build = arguments.build.resolve()
     os.environ["NORVANE_NOTIFIER"] = str(build / "libexec/norvane-notifier")
 
     figures = Figures()
     with tempfile.TemporaryDirectory() as name, PrivateBus(Path(name) / "bus") as bus:
         folder = Path(name)
-        measure_memory(build, bus, folder, figures)
-        measure_traffic(build, bus, folder, arguments.rounds, figures)
-        measure_wake_ups(build, bus, folder, arguments.seconds, figures)
-        measure_faults(bus, folder, arguments.kills, arguments.requests, figures)
+        measures = {
+            "memory": lambda: measure_memory(build, bus, folder, figures),
+            "traffic": lambda: measure_traffic(build, bus, folder, arguments.rounds, figures),
+            "wake-ups": lambda: measure_wake_ups(build, bus, folder, arguments.seconds, figures),
+            "faults": lambda: measure_faults(bus, folder, arguments.kills, arguments.requests, figures),
+            "minutes": lambda: measure_minutes(build, bus, folder, arguments.minutes, figures),
+        }
+        for part in arguments.parts:
+            measures[part]()
     return 0 if figures.met else 1
 
 
