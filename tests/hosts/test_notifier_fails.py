@@ -12,6 +12,7 @@ from pathlib import Path
 
 import pytest
 from support.desktop import Desktop, fresh_folder
+from support.process import busy_machine
 from support.shell import PROGRAM, Shell
 from support.waiting import wait_until
 
@@ -96,6 +97,17 @@ def test_killed_at_any_moment_of_a_plan_it_has_the_whole_plan_afterwards(desktop
             os.kill(pid, signal.SIGKILL)
             wait_until(lambda pid=pid: desktop.notifier() not in (0, pid), "the next notifier", 30)
             wait_until(lambda: len(desktop.pending()) == 900, "the whole plan")
+
+
+def test_a_notifier_that_norvane_starts_has_the_whole_plan_each_time(desktop_with_service):
+    desktop = desktop_with_service("starts", f"exec {NOTIFIER}")
+    desktop.fill(300)
+    with busy_machine():
+        for _ in range(25):
+            with Shell(desktop):
+                pid = wait_until(desktop.notifier, "the notifier")
+                wait_until(lambda: len(desktop.pending()) == 900, "the whole plan", 30)
+                os.kill(pid, signal.SIGKILL)  # The next start finds what is in its file.
 
 
 def test_quit_while_the_notifier_starts_loses_nothing_and_shows_nothing(desktop_with_service):

@@ -4,8 +4,11 @@
 """Real notification servers on a virtual desktop; screenshots go into the build folder."""
 
 import os
+import signal
 import subprocess
 import sys
+import time
+from contextlib import contextmanager
 from pathlib import Path
 
 import pytest
@@ -134,3 +137,35 @@ def test_a_click_on_a_reminder_opens_norvane_on_dunst(desktop, bus, notifier, tm
 
         wait_until(log.exists, "the activation")
         assert log.read_text().startswith("{")
+
+
+@contextmanager
+def calls_with_notifications(bus, log):
+    """Counts the calls that hand a notification to the server, from here on."""
+    with open(log, "w") as output:
+        monitor = subprocess.Popen(["dbus-monitor", "--address", bus.address, "member='Notify'"], stdout=output)
+    wait_until(lambda: "NameAcquired" in log.read_text() or "NameLost" in log.read_text(), "the monitor")
+    try:
+        yield lambda: log.read_text().count("member=Notify")
+    finally:
+        monitor.kill()
+        monitor.wait()
+
+
+def test_xfces_server_that_hangs_for_a_minute_is_given_a_reminder_twice_at_most(desktop, bus, notifier, tmp_path):
+    environment = {**notifier.environment, "HOME": str(tmp_path), "XDG_CONFIG_HOME": str(tmp_path),
+                   "XDG_CACHE_HOME": str(tmp_path)}
+    picture = tmp_path / "screen.png"
+    with Screen(desktop, bus, environment, SERVERS["xfce4-notifyd"]) as screen, \
+            calls_with_notifications(bus, tmp_path / "calls") as given:
+        notifier.start()
+        screen.server.send_signal(signal.SIGSTOP)
+        notifier.add("a-1h", this_minute(), title=TITLE, body=BODY)
+        time.sleep(60)  # Six times as long as a server may take to answer.
+        screen.server.send_signal(signal.SIGCONT)
+
+        wait_until(lambda: screen.colours(picture) > 50, "the reminder")
+        notifier.add("b-1h", this_minute(), title="Later", body=BODY)  # Goes out after the answer to the first.
+        wait_until(lambda: '"Later"' in (tmp_path / "calls").read_text(), "the later reminder")
+
+        assert 2 <= given() <= 3

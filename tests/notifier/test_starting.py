@@ -6,12 +6,11 @@
 import os
 import signal
 import socket
-import subprocess
-from contextlib import contextmanager
 
 from gi.repository import GLib
 
 from support.notifier import FAR, NAME, minutes_ago
+from support.process import busy_machine
 from support.waiting import wait_until
 
 STARTS = 100
@@ -20,19 +19,6 @@ BURST = 300
 
 def request(identifier):
     return GLib.Variant("(sssss)", (identifier, "Title", "Body", "default", FAR))
-
-
-@contextmanager
-def busy_machine():
-    """As many processes as there are processors, each of which takes all the time it gets."""
-    loads = [subprocess.Popen(["sh", "-c", "while :; do :; done"])
-             for _ in range(os.cpu_count() or 1)]
-    try:
-        yield
-    finally:
-        for load in loads:
-            load.kill()
-            load.wait()
 
 
 def test_a_burst_of_calls_to_a_starting_centre_takes_effect_in_the_order_sent(bus, notifier):
