@@ -81,7 +81,7 @@ void SimulatedWorld::addTrial(Centre &centre)
     const QString id = QStringLiteral("%1").arg(ends_.size(), 8, 10, QLatin1Char{'0'}) +
                        QStringLiteral("-0000-4000-8000-000000000000");
     centre.trials << id;
-    ends_[id] = clock_.seconds + upTo(4 * 86'400);
+    ends_[id] = clock_.seconds + 3'600 * upTo(96); // Several end at the same time.
     planTrial(centre, id);
 }
 
@@ -102,8 +102,12 @@ void SimulatedWorld::answer(Centre &centre)
     if (!given) {
         return;
     }
+    // Some trials no server likes, and some none survives.
+    const int trial = given->identifier.first(8).toInt();
+    const bool isUnlucky = !oneIn(4);
+    const int fate = isUnlucky && trial % 4 == 1 ? 0 : isUnlucky && trial % 7 == 3 ? 1 : upTo(9);
     using enum NotificationServer::Failure;
-    switch (upTo(9)) {
+    switch (fate) {
     case 0:
         centre.model.refused();
         emit centre.server.failed(Refused);

@@ -11,6 +11,8 @@
 #include "tests/notifier/FakeSurroundings.h"
 #include "tests/notifier/ReminderModel.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <array>
@@ -161,7 +163,11 @@ private:
 
     std::mt19937 chance_;
     const bool hasPauses_;
-    QTemporaryDir root_;
+    /// In memory, where there is such a folder: it is written to very often.
+    QTemporaryDir root_{(QFileInfo{QStringLiteral("/dev/shm")}.isWritable()
+                             ? QStringLiteral("/dev/shm")
+                             : QDir::tempPath()) +
+                        u"/norvane-simulation"};
     QString folder_{root_.filePath(QStringLiteral("state"))};
     WorldClock clock_;
     WorldZone zone_{clock_};
