@@ -22,7 +22,7 @@ int numberFrom(const char *variable, int otherwise)
 
 } // namespace
 
-/// NORVANE_FIRST_SEED and NORVANE_SEEDS choose the seeds; 1 to 200 unless told.
+/// NORVANE_FIRST_SEED and NORVANE_SEEDS choose the seeds; 1 to 50 unless told.
 class TestSimulation final : public QObject {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ private slots:
     void whateverHappensTheCentresDoWhatTheModelDoes()
     {
         const int first = numberFrom("NORVANE_FIRST_SEED", 1);
-        const int seeds = numberFrom("NORVANE_SEEDS", 200);
+        const int seeds = numberFrom("NORVANE_SEEDS", 50);
         for (int seed = first; seed < first + seeds; ++seed) {
             simulation::SimulatedWorld world{static_cast<unsigned>(seed)};
             for (int step = 1; step <= steps; ++step) {
