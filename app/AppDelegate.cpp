@@ -96,7 +96,8 @@ void AppDelegate::present(const std::optional<IconPress> &press, const QString &
     if (isShown) {
         return;
     }
-    // One more at every showing; as they all judge alike, they act as one.
+    // A monitor cannot be removed, so every showing adds one. They all decide in the same way, so
+    // the first one that swallows a key leaves nothing for the others to do.
     eventMonitor_ =
         seams_.keyMonitors.add([self = QPointer<const AppDelegate>{this}](const QKeyEvent &key) {
             return self ? self->judge(key) : KeyMonitors::Verdict::Pass;

@@ -21,13 +21,13 @@ class WindowSystem;
 
 /// The shell around the panel: the status item, its popover, and the keys that reach it.
 ///
-/// Lives on the main thread. It never touches the store; the panel's content holds that. Its end
-/// leaves the key monitors where they are.
+/// Lives on the main thread. It never touches the store, which the panel's content owns. The key
+/// monitors stay installed when it is destroyed.
 class AppDelegate final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the shell needs of the desktop; the references are borrowed.
+    /// What the shell needs from the desktop; the references are borrowed.
     struct Seams {
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem; ///< Never gives null.
         WindowSystem &windowSystem;
@@ -48,11 +48,12 @@ public:
     /// Shows the popover with the keyboard, or gives it the keyboard if it is shown: what starting
     /// Norvane again asks for, icon or no icon.
     void showPopover(const QString &activationToken);
-    /// The same, if no part of the desktop shows the icon, so that there is no other way in.
+    /// The same, but only if no part of the desktop shows the icon, so that the user has no other
+    /// way to open the popover.
     void showPopoverWithoutHost(const QString &activationToken);
 
 signals:
-    /// The panel cannot be loaded, for this reason, in one line.
+    /// Emitted when the panel cannot be loaded; `reason` is one line.
     void panelFailed(const QString &reason);
 
 private:
@@ -61,7 +62,7 @@ private:
 
     Platform platform_;
     Seams seams_;
-    std::unique_ptr<PanelContent> content_; ///< What the popover shows; it borrows it.
+    std::unique_ptr<PanelContent> content_; ///< Shown by the popover, which borrows it.
     std::unique_ptr<StatusItem> statusItem_;
     std::unique_ptr<Popover> popover_;
     std::optional<KeyMonitors::Token> eventMonitor_; ///< The monitor installed last.

@@ -9,7 +9,7 @@
 
 namespace norvane {
 
-/// The name under which QML knows the watch, which knows nothing of QML.
+/// Makes CompositorWatch available to QML, so that its own folder need not depend on QML.
 struct CompositorForQml {
     Q_GADGET
     QML_FOREIGN(norvane::CompositorWatch)

@@ -12,29 +12,29 @@ namespace norvane {
 
 /// How this process came to be started.
 struct StartRequest {
-    /// What the launcher gave so that a window may take the keyboard, or empty.
+    /// The launcher's activation token, which lets a window take the keyboard; or empty.
     QString activationToken;
-    /// Whether a person asked for it just now, at a launcher or at a terminal, as against the
-    /// session that starts its programs.
+    /// Whether a person started it just now, from a launcher or a terminal; false when the session
+    /// started it at login.
     bool byHand = false;
 
-    /// As told by the environment and standard input. To be read before the application object is
-    /// made, which takes such things out of the environment.
+    /// Read from the environment and standard input. Call it before the application object is made,
+    /// which removes these variables from the environment.
     [[nodiscard]] static StartRequest ofThisProcess();
 };
 
 /// Qt's names of the display kinds to try, in order; empty when there is no display.
 ///
-/// X11 is preferred wherever it can be reached, as XWayland too, because only there may a program
-/// say where its window goes.
+/// X11 comes first wherever it can be reached, XWayland included, because only X11 lets a program
+/// choose where its window goes.
 [[nodiscard]] QByteArray displayKinds(bool x11, bool wayland);
 
-/// Sets QT_QPA_PLATFORM to the display kinds of this session, unless the user has set it. To be
-/// called before the application object is made. False when there is no display at all.
+/// Sets QT_QPA_PLATFORM to the display kinds of this session, unless the user has set it. Call it
+/// before the application object is made. False when there is no display at all.
 [[nodiscard]] bool setDisplayKinds();
 
-/// The locale in which the user wants days and times written; desktops let one choose it apart
-/// from the language of the texts.
+/// The locale for days and times; desktops let the user choose it independently of the language
+/// of the texts.
 [[nodiscard]] QLocale formatLocale();
 
 } // namespace norvane

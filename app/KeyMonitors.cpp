@@ -23,7 +23,7 @@ KeyMonitors::Token KeyMonitors::add(Handler handler)
 
 bool KeyMonitors::eventFilter(QObject *watched, QEvent *event)
 {
-    // A window passes its keys on to its items as further events; the first one decides.
+    // A window forwards its keys to its items as further events; only the first one is judged.
     if (event->type() != QEvent::KeyPress || !watched->isWindowType()) {
         return false;
     }

@@ -14,7 +14,8 @@ namespace norvane {
 
 /// Lets handlers see every key press that reaches a window of the program, before the window.
 ///
-/// Belongs to the application and outlives whoever installs handlers. Lives on the main thread.
+/// Owned by the application; outlives every object that installs a handler. Lives on the main
+/// thread.
 class KeyMonitors final : public QObject {
     Q_OBJECT
 
@@ -26,8 +27,8 @@ public:
 
     KeyMonitors();
 
-    /// Installs one more handler, which sees a press until one before it swallows it. There is no
-    /// way to take one out again.
+    /// Installs one more handler. Handlers are asked in the order of their installation until one
+    /// swallows the press. A handler cannot be removed.
     Token add(Handler handler);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

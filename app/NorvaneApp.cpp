@@ -41,13 +41,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The window and the icon wait no longer for the session bus.
+/// The longest time that the window and the icon wait for the session bus.
 constexpr auto timeForBus = 1s;
 
-/// A Norvane that is ending leaves the bus a little earlier than the folder.
+/// How long to wait for the folder's lock: a Norvane that is ending gives up its name on the bus a
+/// little earlier than the folder.
 constexpr auto timeForFolder = 1s;
 
-/// In this time a tray that there is has taken the icon.
+/// By then a tray that exists has taken the icon.
 constexpr auto timeToBeHosted = 2s;
 
 const QString nameConnection = QStringLiteral("norvane");
@@ -68,7 +69,7 @@ QString installedNotifier()
     return QFile::exists(path) ? path : QString{};
 }
 
-/// Whether another process works on the trials. A folder that cannot be made or locked is nobody's.
+/// Whether another process works on the trials; false for a folder that cannot be made or locked.
 bool isInUseElsewhere(FolderLock &lock, const std::filesystem::path &dataFolder)
 {
     const std::filesystem::path folder = dataFolder / "Norvane";
@@ -76,7 +77,7 @@ bool isInUseElsewhere(FolderLock &lock, const std::filesystem::path &dataFolder)
            lock.take(folder, timeForFolder) == FolderLock::Answer::Held;
 }
 
-/// Who starts programs by clicking does not see standard error.
+/// A user who starts programs from a menu does not see standard error.
 void notifyDirectly(const QDBusConnection &bus, const QString &text)
 {
     constexpr int timeout = 2'000;
@@ -106,7 +107,8 @@ int failAsSecondOfUser(const QDBusConnection &bus)
 int NorvaneApp::run(int &argc, char **argv)
 {
     const StartRequest start = StartRequest::ofThisProcess();
-    // Small and quick to start; the panel has nothing for a graphics card to do.
+    // The software renderer needs less memory and starts faster; the panel is too simple to gain
+    // from a graphics card.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     if (!setDisplayKinds()) {
         return fail(QStringLiteral("there is no display to show anything on"));
@@ -144,7 +146,7 @@ int NorvaneApp::run(int &argc, char **argv)
 
     StatusArea *icon = nullptr; // Owned by the delegate.
     const auto makeStatusItem = [&] {
-        // On a connection of its own, whose end takes the icon away at once.
+        // A connection of its own: closing it removes the icon at once.
         auto area = std::make_unique<StatusArea>(sessionBus.connectAs(iconConnection),
                                                  StatusArea::legacyProgramOfThisSession());
         if (sessionBus.isSilent()) {
@@ -182,7 +184,7 @@ int NorvaneApp::run(int &argc, char **argv)
     });
 
     const int status = QGuiApplication::exec();
-    // The centre may take some seconds to end. Nobody has to watch that.
+    // Handing the last calls to the centre may take some seconds; the user need not see that.
     isEnding = true;
     appDelegate.reset();
     QDBusConnection::disconnectFromBus(iconConnection);

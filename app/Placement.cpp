@@ -13,7 +13,7 @@ namespace {
 
 constexpr int gap = 4; ///< Between the popover and what it belongs to, and to every edge.
 constexpr int usualIcon = 24;
-/// As near to an edge as this, a place is taken to be in a panel that hides itself there.
+/// A place this near to an edge is assumed to be in a panel that hides itself there.
 constexpr int panelDepth = 64;
 
 QRect iconAround(const QPoint &place)
@@ -142,7 +142,7 @@ QSize Placement::sizeIn(const QRect &work) const
 QRect Placement::keptInside(const QPoint &corner, const QRect &work) const
 {
     const QSize size = sizeIn(work);
-    // Where there is hardly room, the gap is what is left.
+    // On a screen that is hardly larger than the popover the gap shrinks to what is left.
     const int besideIt = std::clamp((work.width() - size.width()) / 2, 0, gap);
     const int aboveIt = std::clamp((work.height() - size.height()) / 2, 0, gap);
     const int right = work.right() + 1 - size.width() - besideIt;

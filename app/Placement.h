@@ -14,11 +14,11 @@
 
 namespace norvane {
 
-/// Where a popover goes that has one size wherever there is room for it, on screens as they are at
-/// the moment.
+/// Computes where the popover goes on the screens as they are at the moment. The popover has one
+/// size wherever there is room for it.
 ///
-/// Everything is in one and the same kind of pixels. There is at least one screen, and the first
-/// one is the primary screen.
+/// All rectangles are in the same unit, device or device-independent pixels. There is at least one
+/// screen; the first one is the primary screen.
 class Placement {
 public:
     Placement(QList<ScreenArea> screens, const QSize &size);

@@ -62,8 +62,8 @@ Popover::Popover(PanelContent &content, WindowSystem &windowSystem)
     load();
     connect(engine(), &QQmlEngine::quit, qGuiApp, &QGuiApplication::quit, Qt::QueuedConnection);
     watchScreens();
-    // A first frame that nobody sees loads images and glyphs, so that the one at the press is
-    // quick.
+    // Rendering one frame while hidden loads images and glyphs, so that the first press shows the
+    // panel quickly.
     QMetaObject::invokeMethod(this, &QQuickWindow::grabWindow, Qt::QueuedConnection);
 }
 
@@ -93,7 +93,7 @@ void Popover::showLoaded(QQmlComponent &component)
         return;
     }
     const QList<QQmlError> errors = component.errors();
-    // The last one is the cause of those before.
+    // The last error is the cause of the earlier ones.
     const QString reason = errors.isEmpty() ? QString{} : errors.constLast().description();
     QMetaObject::invokeMethod(
         this, [this, reason] { emit failed(reason); }, Qt::QueuedConnection);
@@ -102,7 +102,7 @@ void Popover::showLoaded(QQmlComponent &component)
 void Popover::showBeside(const std::optional<IconPress> &press)
 {
     const Placement placement{windowSystem_.screens(), popoverSize};
-    // A press on the icon's menu tells no place: the icon is where it was.
+    // A press on the icon's menu comes without a position; the icon is still where it was.
     if (press && (press->icon || press->place || !anchor_)) {
         anchor_ = anchorOf(*press, windowSystem_, placement);
     }
@@ -130,7 +130,8 @@ void Popover::keyPressEvent(QKeyEvent *event)
 
 void Popover::watchScreens()
 {
-    // Screens change in several steps, and the window manager has its own say in between.
+    // A change of screens arrives as several events, between which the window manager may move the
+    // window; so the position is corrected once, after the last one.
     screensAtRest_.setSingleShot(true);
     screensAtRest_.setInterval(timeToRest);
     connect(&screensAtRest_, &QTimer::timeout, this, &Popover::bringBackToScreen);

@@ -18,10 +18,10 @@ class PanelContent;
 class Placement;
 class WindowSystem;
 
-/// The small window under the status icon that holds the panel. Never a pop-up in the window
-/// system's sense: it stays when another window is pressed, and grabs nothing.
+/// The small window under the status icon that holds the panel. Not a pop-up in the window
+/// system's sense: it stays open when another window is clicked, and grabs no input.
 ///
-/// Hiding it keeps everything in it as it is, so nothing typed is lost.
+/// Hiding it keeps its content, so nothing typed is lost.
 class Popover final : public QQuickView {
     Q_OBJECT
 
@@ -29,14 +29,14 @@ public:
     /// Shows `content`; both are borrowed.
     Popover(PanelContent &content, WindowSystem &windowSystem);
 
-    /// Brings it up by the pressed icon; where a press tells no place, or there is none, where the
-    /// icon was last known to be.
+    /// Shows it beside the pressed icon. A press without a position, or no press, means the icon's
+    /// last known position.
     void showBeside(const std::optional<IconPress> &press);
-    /// Gives it the keyboard, with the token of whoever asked for it, or without.
+    /// Gives it the keyboard, with the caller's activation token if there is one.
     void takeKeyboard(const QString &activationToken);
 
 signals:
-    /// There is nothing to show, for this reason, in one line. Comes from the event loop.
+    /// Emitted, from the event loop, when the panel's QML cannot be loaded; `reason` is one line.
     void failed(const QString &reason);
 
 protected:

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char *addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-/// By the rules of the bus library; empty where only that can find it.
+/// The bus's address by the rules of the bus library; empty where only the library can find it.
 QByteArray addressOfSessionBus()
 {
     if (!qEnvironmentVariableIsEmpty(addressVariable)) {
@@ -28,7 +28,7 @@ QByteArray addressOfSessionBus()
     return QFile::exists(QFile::decodeName(socket)) ? "unix:path=" + socket : QByteArray{};
 }
 
-/// Whether the bus let a time limit pass without an answer. To refuse is an answer, too.
+/// Whether the bus let a time limit pass without an answer. A refusal is an answer too.
 bool keepsSilent(const QByteArray &address)
 {
     DBusError error = DBUS_ERROR_INIT;
@@ -52,7 +52,7 @@ struct SessionBus::Greeting {
     std::mutex mutex;
     std::condition_variable answer;
     bool hasAnswered = false;
-    SessionBus *toTell = nullptr; ///< Who wants to know of a late answer.
+    SessionBus *toTell = nullptr; ///< Is told of a late answer.
 
     explicit Greeting(QByteArray busAddress) : address{std::move(busAddress)} {}
 
@@ -77,7 +77,7 @@ SessionBus::SessionBus(std::chrono::milliseconds timeout)
     if (greeting_->address.isEmpty()) {
         return;
     }
-    // It cannot be ended while it waits for the bus, so it is left to itself.
+    // The thread cannot be ended while it waits for the bus, so it is detached.
     std::thread{[greeting = greeting_] { greeting->run(); }}.detach();
     std::unique_lock lock{greeting_->mutex};
     isSilent_ =

@@ -14,24 +14,24 @@ namespace norvane {
 
 /// Finds out whether the session bus answers, so that a silent one holds up nothing else.
 ///
-/// Whatever asks Qt for the session bus waits for it on the main thread, minutes if need be; Qt's
-/// own plugins ask while the application object is being made. So a thread greets the bus first,
-/// without Qt. While the bus is silent, this process and those that it starts are told, by the
-/// environment, that there is none. When it answers after all, the environment is as before again,
-/// and answered() is emitted; what asked in the meantime still has none.
+/// Asking Qt for the session bus blocks the main thread until the bus answers, for minutes if it is
+/// silent, and Qt's own plugins ask while the application object is being made. So a thread
+/// connects to the bus first, without Qt. While the bus is silent, the environment tells this
+/// process and its children that there is no bus. When the bus answers after all, the environment
+/// is restored and answered() is emitted; parts that asked in the meantime remain without a bus.
 ///
 /// Belongs to the main thread.
 class SessionBus final : public QObject {
     Q_OBJECT
 
 public:
-    /// Waits for an answer, no longer than `timeout`. To be made before the application object.
+    /// Blocks until the bus answers or `timeout` has passed. Make it before the application object.
     explicit SessionBus(std::chrono::milliseconds timeout);
     ~SessionBus() override;
 
     /// Whether there is a bus that has not answered yet.
     [[nodiscard]] bool isSilent() const noexcept { return isSilent_; }
-    /// Where the bus is; empty for the bus library's own choice.
+    /// The bus's address; empty for the bus library's own choice.
     [[nodiscard]] QString address() const;
     /// A connection of its own, under a name that is unique in this process. Not connected while
     /// the bus is silent, and where there is no bus.

@@ -22,7 +22,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Longer than the end of a Norvane takes.
+/// Longer than a Norvane takes to end.
 constexpr auto timeToEnd = 4s;
 
 /// In milliseconds, like all time limits of the bus library.
@@ -31,7 +31,7 @@ constexpr int timeToOpen = 2'000;
 
 const QString tokenKey = QStringLiteral("activation-token");
 
-/// What a bus answers to who asks for a name, as far as it is of interest.
+/// The bus's answers to a request for a name that matter here.
 constexpr uint nowOwner = 1;
 constexpr uint alreadyOwner = 4;
 
@@ -118,7 +118,7 @@ void SingleInstance::Open(const QStringList & /*uris*/, const QVariantMap &platf
     activate(platformData);
 }
 
-/// Refused, the next Norvane waits for the end of this one, and then starts.
+/// A Norvane that is refused waits for the end of this one, and then starts.
 void SingleInstance::activate(const QVariantMap &platformData)
 {
     if (!isEnding_()) {

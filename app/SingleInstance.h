@@ -13,7 +13,7 @@
 
 namespace norvane {
 
-/// Sees to it that a session bus has one Norvane, by the name it owns there.
+/// Ensures that a session bus has only one Norvane: the one that owns the name on it.
 ///
 /// The owner answers org.freedesktop.Application, so that starting Norvane again, a desktop that
 /// activates it by name, or a click on a reminder brings up the panel of the one that runs.
@@ -22,17 +22,17 @@ class SingleInstance final : public QObject, protected QDBusContext {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// While `isEnding` says so, whoever asks for the panel is refused.
+    /// While `isEnding` returns true, requests to show the panel are refused.
     explicit SingleInstance(std::function<bool()> isEnding = [] { return false; });
 
-    /// Whether this process is the one Norvane on this bus now; without a bus every one is.
+    /// Whether this process is now the one Norvane on this bus; always true without a bus.
     ///
-    /// If another is, that has been asked to show its panel, and was handed the token that lets it
-    /// take the keyboard, if there is one. When it does not answer because it is about to end, its
-    /// end is waited for. Blocks for some seconds at most, and for one when the bus says nothing.
+    /// If another process is, this asks it to show its panel and passes on the activation token, if
+    /// there is one. If that process is about to end, this waits for its end. Blocks for a few
+    /// seconds at most, and for one second when the bus is silent.
     [[nodiscard]] bool isOnlyOne(const QDBusConnection &bus, const QString &activationToken);
 
-    /// Takes the name on a bus that was found after the start. Where another has it, it keeps it.
+    /// Claims the name on a bus that answered after the start. Does nothing if it is taken.
     void takeName(const QDBusConnection &bus);
 
 public slots: // The bus' names.
@@ -44,7 +44,7 @@ public slots: // The bus' names.
                         const QVariantMap &platformData);
 
 signals:
-    /// Somebody wants to see Norvane.
+    /// Emitted when the panel is to be shown.
     void activated(const QString &activationToken);
 
 private:

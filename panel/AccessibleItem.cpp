@@ -155,7 +155,7 @@ QAccessible::State AccessibleItem::state() const
 {
     QAccessible::State state;
     state.disabled = !item()->isEnabled();
-    // A focus scope passes the keyboard on to something in it, which then says so.
+    // A focus scope forwards the focus to an item inside it, which reports it then.
     state.focusable = item()->isEnabled() && !item()->isFocusScope();
     state.focused = item()->hasActiveFocus() && !item()->isFocusScope();
     state.invisible = !item()->isVisible();

@@ -12,8 +12,8 @@ namespace norvane {
 
 /// What a screen reader is told of one control, where Qt's own answer is wrong or missing.
 ///
-/// Role, name and description are those of the item's `Accessible` properties. Beyond what Qt says
-/// of an item, a disabled one is disabled. Has no children unless a class below gives it some.
+/// Role, name and description are those of the item's `Accessible` properties. Unlike Qt 6.4, it
+/// reports a disabled item as disabled. It has no children unless a derived class adds some.
 class AccessibleItem : public QAccessibleObject, public QAccessibleActionInterface {
 public:
     /// For a QQuickItem with `Accessible` properties.

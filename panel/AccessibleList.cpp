@@ -49,7 +49,7 @@ QAccessibleInterface *AccessibleList::unseen(const QModelIndex &row) const
     if (const auto known = unseen_.constFind(row); known != unseen_.cend()) {
         return QAccessible::accessibleInterface(*known);
     }
-    // More than there are rows: some are for rows that are gone.
+    // There are more interfaces than rows, so some belong to removed rows.
     if (unseen_.size() >= childCount()) {
         unseen_.removeIf([](const auto &entry) {
             if (entry.key().isValid()) {

@@ -36,7 +36,7 @@ private:
     [[nodiscard]] QQuickItem *itemOf(int row) const;
     [[nodiscard]] QAccessibleInterface *unseen(const QModelIndex &row) const;
 
-    /// By the rows they are for; those that were asked for. Some may be gone from the model.
+    /// The rows' interfaces that were asked for so far. Some rows may be gone from the model.
     mutable QHash<QPersistentModelIndex, QAccessible::Id> unseen_;
 };
 
@@ -48,7 +48,7 @@ class UnseenRow final : public QAccessibleInterface {
 public:
     UnseenRow(QQuickItem *list, const QModelIndex &row);
 
-    /// Where the row is in the list by now.
+    /// The row's current place in the list.
     [[nodiscard]] int row() const { return row_.row(); }
 
     [[nodiscard]] bool isValid() const override;

@@ -6,7 +6,7 @@ import QtQuick.Layouts
 
 import org.norvane.panel
 
-// What stands on a button: its symbol, its text, or the one before the other.
+// A button's label: a symbol, a text, or a symbol followed by a text.
 RowLayout {
     id: root
 

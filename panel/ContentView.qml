@@ -58,7 +58,7 @@ Rectangle {
             footer.focusAdd()
     }
 
-    // What is in front of the panel keeps the keyboard, and so does whatever had it in the form.
+    // An alert in front of the panel keeps the keyboard focus, and so does a field of the form.
     function takeFocusOnShowing() {
         if (T.Overlay.overlay !== null && T.Overlay.overlay.visible)
             return
@@ -68,7 +68,7 @@ Rectangle {
             footer.focusAdd()
     }
 
-    // Lets a screen reader say it, once it has said where the focus went.
+    // Lets a screen reader speak the text, after it has spoken the item that got the focus.
     function announce(text: string) {
         announcement.visible = false
         announcement.text = text
@@ -105,7 +105,7 @@ Rectangle {
             root.announce(header.words)
         }
     }
-    // Not seen: a screen reader reads it out when it appears.
+    // Invisible; a screen reader speaks it when it appears.
     Item {
         id: announcement
 
@@ -129,7 +129,7 @@ Rectangle {
             Layout.fillWidth: true
         }
         Separator {}
-        // There only while it is shown: none, or this one.
+        // Exists only while it is shown.
         Repeater {
             id: form
 
@@ -139,7 +139,7 @@ Rectangle {
                 newName: root.newName
                 newEndDate: root.newEndDate
                 newCost: root.newCost
-                // Header and footer with their lines stay in any case.
+                // Header and footer with their lines always stay visible.
                 Layout.preferredHeight: Math.min(implicitHeight, root.height - header.height - footer.height - 3)
                 Layout.fillWidth: true
 

@@ -14,7 +14,7 @@ namespace norvane {
 
 namespace {
 
-/// Kept where the application's palette and font are, and like them followed by an event.
+/// Stored in the application object, like its palette and font; a change is announced by an event.
 constexpr const char *moreProperty = "norvaneMoreContrast";
 
 double linear(double channel)

@@ -35,10 +35,10 @@ public:
     [[nodiscard]] Q_INVOKABLE static QColor ensuredOnAll(const QColor &color, const QColor &first,
                                                          const QColor &second, const QColor &third,
                                                          double wanted);
-    /// White or black, for text on a ground of this colour: white, wherever a slightly darker
-    /// ground could carry it.
+    /// White or black, for text on a background of this colour: white if a slightly darker
+    /// background gives it enough contrast.
     [[nodiscard]] Q_INVOKABLE static QColor onGround(const QColor &ground);
-    /// What is seen of a background through a coat of this colour.
+    /// The colour that results from painting this translucent colour over a background.
     [[nodiscard]] Q_INVOKABLE static QColor blended(const QColor &color, double opacity,
                                                     const QColor &background);
     /// A colour in all its uses on this background, which gets the other colour, `lit`, under the

@@ -82,7 +82,8 @@ bool DesktopPalette::isQtsOwn(const QPalette &palette)
 
 bool DesktopPalette::eventFilter(QObject * /*watched*/, QEvent *event)
 {
-    // Windows are told of the desktop's new theme; of a palette that ours covers nobody is.
+    // Qt sends no PaletteChange while the application has a palette of its own; ThemeChange always
+    // comes.
     if (event->type() == QEvent::ThemeChange) {
         apply();
     }

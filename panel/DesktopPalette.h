@@ -12,10 +12,10 @@ class Appearance;
 
 /// Keeps the application's palette as the user wants programs to look.
 ///
-/// Where the desktop gives a palette, that holds as long as it is as light or dark as wanted;
-/// otherwise, and where the desktop gives none, one of our own steps in. The accent colour, where
-/// the user has chosen one, is put over either. Follows the preferences and the desktop's palette
-/// when they change, and passes the wanted contrast on to Contrast.
+/// The desktop's palette is used as long as it is light or dark as the user prefers. Otherwise, and
+/// where the desktop has no palette, one of Norvane's own is used. The accent colour, if the user
+/// has chosen one, replaces that of either. Follows changes of the preferences and of the desktop's
+/// palette, and tells Contrast the preferred contrast.
 class DesktopPalette : public QObject {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
 
     [[nodiscard]] static QPalette light(bool moreContrast = false);
     [[nodiscard]] static QPalette dark(bool moreContrast = false);
-    /// Whether a palette is what Qt itself falls back to where the desktop gives none.
+    /// Whether this is Qt's own default palette, used where the desktop has none.
     [[nodiscard]] static bool isQtsOwn(const QPalette &palette);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -5,8 +5,8 @@ import QtQuick
 
 import org.norvane.panel
 
-// What stands in the list's place while there are no trials: in the middle of whatever room there
-// is. Beside a tall form that may be too little; then the symbol gives way first and the hint next.
+// Shown instead of the list while there are no trials, centred in the available room. Below a tall
+// form that may be too little; then the symbol is hidden first, and the hint next.
 Item {
     id: root
 

@@ -17,7 +17,8 @@ PanelButton {
 
     readonly property color ground: root.weight === FormButton.Main ? Theme.accentGround
                                   : root.weight === FormButton.Destructive ? Theme.dangerGround : Theme.bezel
-    // Towards the label's colour, which the label keeps its contrast to.
+    // Under the pointer the ground is a little lighter or darker, while pressed more so; the label
+    // stays readable on it.
     readonly property color groundNow: root.down ? Contrast.blended(root.away, 0.22, root.ground)
                                      : root.hovered ? Contrast.blended(root.away, 0.1, root.ground) : root.ground
     readonly property color away: root.weight === FormButton.Main ? Contrast.onGround(root.color) : root.color

@@ -7,8 +7,8 @@ import QtQuick
 
 import org.norvane.panel
 
-// Says in a few words what the item is that it lies in, once the pointer has rested there: in front
-// of everything else in the window, beside the item, and never outside of the window.
+// A tooltip for its parent item, shown once the pointer has rested on it: beside the item, in front
+// of everything else, and always inside the window.
 Item {
     id: root
 
@@ -24,7 +24,8 @@ Item {
 
     anchors.fill: parent
     Accessible.ignored: true
-    // The bubble lies in the window, so it would outlive this item by a moment.
+    // The bubble is a child of the window, so without this it would stay a moment longer than this
+    // item.
     Component.onDestruction: bubbles.model = 0
 
     Repeater {

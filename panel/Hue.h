@@ -9,7 +9,8 @@
 
 namespace norvane {
 
-/// A named colour in each of its uses on one background, where it can always be told from that.
+/// A named colour in each of its uses on one background, adjusted so that it has enough contrast to
+/// that background.
 struct Hue {
     Q_GADGET
     QML_VALUE_TYPE(hue)

@@ -8,10 +8,10 @@
 
 namespace norvane {
 
-/// Whether the user works with the keyboard at this moment, so that it must be shown where it is.
+/// Whether the last input came from the keyboard; only then focus rings are shown.
 ///
-/// True after a key, false after a press of a mouse button, of a finger or of a pen, and each time
-/// a window goes away. Keys that only modify others do not count.
+/// True after a key press; false after a press of a mouse button, finger or pen, and each time a
+/// window is hidden. Modifier keys do not count.
 class LastInput : public QObject {
     Q_OBJECT
     QML_ELEMENT

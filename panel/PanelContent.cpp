@@ -20,7 +20,8 @@ PanelContent::PanelContent(const Platform &platform, const QLocale &locale)
       activeCount_{store_.activeCount()}
 {
     AccessibleItem::install();
-    // The signal comes before the change: the new list can be read in the next turn.
+    // The signal comes before the change, so the new list is read in the next turn of the event
+    // loop.
     connect(&store_, &TrialStore::objectWillChange, this, [this] {
         storeChanged_ = true;
         rebuildSoon();

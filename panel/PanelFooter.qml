@@ -4,7 +4,7 @@
 import QtQuick
 import QtQuick.Layouts
 
-// The buttons that are always at hand.
+// The buttons that are always visible.
 Item {
     id: root
 

@@ -12,7 +12,7 @@ Item {
 
     required property int activeCount
 
-    // What it says, as one sentence.
+    // The header's texts as one sentence.
     readonly property string words: product.text + ", " + count.text
 
     implicitHeight: row.implicitHeight + 20

@@ -4,7 +4,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Shows that there is more than fits, and where one is.
+// A scroll bar that is visible only while there is more content than fits.
 T.ScrollBar {
     id: root
 

@@ -20,8 +20,8 @@ public:
 
     /// The text with the value in place of "%lld" or "%@", wherever that stands.
     ///
-    /// Both are mere data: nothing else in either has a meaning. A text without a placeholder
-    /// stays as it is.
+    /// Nothing else in the text or in the value is interpreted. A text without a placeholder stays
+    /// unchanged.
     [[nodiscard]] Q_INVOKABLE static QString with(const QString &text, const QString &value);
 
     /// The number to ask for a plural form with: the count without its sign, or one with the same

@@ -11,7 +11,7 @@
 
 namespace norvane {
 
-// The names under which QML knows the types of the layers below, which know nothing of QML.
+// Makes types of the layers below available to QML, so that those layers need not depend on QML.
 
 struct PointInTimeForQml {
     Q_GADGET

@@ -26,8 +26,8 @@ void Symbol::paint(QPainter *painter)
     if (pixels <= 0 || name_.isEmpty()) {
         return;
     }
-    // Drawn in pixels of the screen, so that no edge of a whole number of them is scaled; and once
-    // for all rows.
+    // Rendered at the screen's resolution, so that edges on whole pixels stay sharp; cached, so
+    // that all rows share one image.
     const QString key = QStringLiteral("norvane %1 %2 %3")
                             .arg(name_, color_.name(QColor::HexArgb), QString::number(pixels));
     QPixmap pixmap;

@@ -19,7 +19,7 @@ QFont style(double relativeSize, QFont::Weight weight = QFont::Normal)
     QFont font = QGuiApplication::font();
     const double bodySize = QFontInfo{font}.pixelSize();
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(bodySize * relativeSize))));
-    // A desktop set in bold stays bold.
+    // A desktop font that is already bold stays bold.
     font.setWeight(std::max(weight, static_cast<QFont::Weight>(font.weight())));
     return font;
 }

@@ -14,7 +14,7 @@ QtObject {
     readonly property real padding: 16
     readonly property real spacing: 8
     readonly property real corner: 6
-    // Of the window that the panel fills; that window says so.
+    // Whether the panel's window has rounded corners; set by that window.
     property real windowCorner: 0
 
     readonly property font largeTitle: TextStyles.largeTitle
@@ -24,7 +24,7 @@ QtObject {
     readonly property font caption: TextStyles.caption
     readonly property font captionMedium: TextStyles.captionMedium
 
-    // What text, symbols and outlines have to differ by from what is around them.
+    // The contrast ratios that text, symbols and outlines must have to their surroundings.
     readonly property real textRatio: Contrast.more ? 7 : 4.5
     readonly property real symbolRatio: Contrast.more ? 4.5 : 3
     readonly property real outlineRatio: Contrast.more ? 7 : 3
@@ -47,7 +47,7 @@ QtObject {
     readonly property color highlight: theme.palette.highlight
     readonly property color highlightedText: theme.readable(theme.palette.highlightedText, theme.highlight)
     readonly property color separator: Contrast.blended(theme.primary, Contrast.more ? 0.5 : 0.12, theme.background)
-    // The line around the window, against any other window behind it.
+    // The line around the window, visible against any window behind it.
     readonly property color frame: Contrast.blended(theme.primary, Contrast.more ? 0.8 : 0.22, theme.background)
     readonly property color outline: theme.outlined(Contrast.blended(theme.primary, 0.3, theme.background), theme.bezel)
     // The desktop's accent colour: as lines on the background, and as a ground for text.
@@ -67,7 +67,7 @@ QtObject {
         return Contrast.ensured(color, ground, theme.textRatio)
     }
 
-    // The colour, or the nearest one in which a line can be seen on the panel's background, in its
+    // The colour, or the nearest one in which a line is visible on the panel's background, in its
     // fields, and on this ground.
     function outlined(color: color, ground: color): color {
         return Contrast.ensuredOnAll(color, theme.background, theme.field, ground, theme.outlineRatio)

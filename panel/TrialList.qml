@@ -16,7 +16,7 @@ ListView {
     required property TrialListModel trials
 
     signal delete_(trial: trial)
-    // The last row went, and the keyboard was here.
+    // Emitted when the last row was removed while the list had the focus.
     signal emptied()
 
     function goTo(row: int) {
@@ -32,7 +32,7 @@ ListView {
         root.focusCurrent()
     }
 
-    // The last row with the room below it, which positionViewAtEnd() leaves out.
+    // Scrolls to the very end; positionViewAtEnd() leaves out the margin below the last row.
     function showEnd() {
         root.positionViewAtEnd()
         root.contentY = Math.max(-root.topMargin, root.contentHeight + root.bottomMargin - root.height) + root.originY
@@ -86,7 +86,8 @@ ListView {
 
         onDelete_: root.delete_(row.trial)
         onReached: root.currentIndex = row.index
-        // Under a pressed mouse button nothing moves.
+        // Scrolls only when the focus is to be seen, that is after a key: a row must not move while
+        // the mouse is pressed on it.
         onShowsFocusChanged: if (row.showsFocus) root.positionViewAtIndex(row.index, ListView.Contain)
     }
 

@@ -21,7 +21,8 @@ QList<Trial> firstOfEachId(const QList<Trial> &trials)
 {
     QList<Trial> firsts;
     firsts.reserve(trials.size());
-    // By their bytes, whose hash is seeded: a file can hold any number of ids that hash alike.
+    // Keyed by bytes, whose hash is seeded: otherwise a file with many ids of the same hash would
+    // make this slow.
     QSet<QByteArray> seen;
     seen.reserve(trials.size());
     for (const Trial &trial : trials) {
@@ -57,7 +58,7 @@ void TrialListModel::takeOverTrials()
 {
     const QList<Trial> wanted = firstOfEachId(store_.trials());
     dropMissing(wanted);
-    // What is left stands in the store's order, since the store only ever removes and appends.
+    // The remaining rows are in the store's order, since the store only removes and appends.
     const auto kept = static_cast<int>(rows_.size());
     const auto count = static_cast<int>(wanted.size());
     if (count > kept) {

@@ -18,9 +18,9 @@ class TrialStore;
 
 /// The rows of the list: the store's trials in the store's order, one row for each `id`.
 ///
-/// Changes only in a rebuild, and there row by row, so that a view keeps its place; until the next
-/// one every row, also one that a view asks for late, shows what was true at the last. Where
-/// trials share an `id`, the one row shows the first.
+/// Changes only in a rebuild, and there row by row, so that a view keeps its scroll position. Until
+/// the next rebuild every row shows what was true at the last one, even if the view reads it later.
+/// If several trials share an `id`, their one row shows the first.
 class TrialListModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -38,9 +38,9 @@ public:
     /// Borrows the store and the platform's clock and calendar.
     TrialListModel(const TrialStore &store, const Platform &platform);
 
-    /// Has every visible row drawn afresh, for the current time.
+    /// Updates every row for the current time.
     void redraw();
-    /// Takes over the store's list as it is now; to be followed by redraw().
+    /// Takes over the store's current list; call redraw() afterwards.
     void takeOverTrials();
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

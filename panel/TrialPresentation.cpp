@@ -16,7 +16,7 @@ namespace norvane {
 
 namespace {
 
-/// Stands between days and cost where they are seen; a screen reader would speak the dot.
+/// Separates days and cost on the screen; not used for a screen reader, which would speak the dot.
 constexpr QStringView separator = u"· $";
 
 QString symbolFor(urgencies::Urgency urgency)

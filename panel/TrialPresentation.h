@@ -13,7 +13,7 @@ namespace norvane {
 
 class Calendar;
 
-/// What is shown of a trial; true at the moment it was made for.
+/// What the panel shows of a trial at one moment.
 ///
 /// A name is any text: it may be megabytes long, hold line breaks, and run from right to left. Both
 /// forms of it here are one line of at most `mostClusters` grapheme clusters (what a reader takes

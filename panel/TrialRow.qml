@@ -22,12 +22,12 @@ Item {
     required property string place
     // Whether the tab key stops here.
     required property bool stop
-    // Whether a line sets it off from the row below.
+    // Whether a line separates it from the row below.
     required property bool ruled
 
     property bool showDeleteConfirm: false
 
-    // What asked for the deletion; the keyboard returns there.
+    // The item that asked for the deletion; the focus returns there.
     property Item asker: trash
 
     readonly property bool showsFocus: root.activeFocus || trash.showsFocus
@@ -43,10 +43,10 @@ Item {
     }
 
     signal delete_()
-    // The keyboard came here.
+    // The row or its button got the focus.
     signal reached()
 
-    // The list may give the keyboard to the row when it hears of it.
+    // The list may already move the focus here when it handles the signal.
     function arrive(item: Item, reason: int) {
         root.reached()
         if (!item.activeFocus)
@@ -172,7 +172,7 @@ Item {
         font: Theme.body
     }
 
-    // Made when it is needed, and gone with the answer.
+    // Created when it is needed, and destroyed after the answer.
     Instantiator {
         active: root.showDeleteConfirm
         delegate: DeleteAlert {

@@ -5,14 +5,14 @@ import QtQuick
 
 import org.norvane.panel
 
-// The tracked trials, or what stands in their place while there are none.
+// The list of tracked trials, or the empty state while there are none.
 Item {
     id: root
 
     required property TrialListModel trials
 
     signal delete_(trial: trial)
-    // The last row went, and the keyboard was here.
+    // Emitted when the last row was removed while the list had the keyboard focus.
     signal emptied()
 
     implicitHeight: empty.visible ? empty.implicitHeight : 0

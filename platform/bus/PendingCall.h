@@ -13,7 +13,7 @@
 namespace norvane {
 
 /// Sends a call and returns at once. The handler gets the finished QDBusPendingCall, on the thread
-/// of `context`; when that ends before, the handler is never called.
+/// of `context`; if `context` is destroyed first, the handler is never called.
 ///
 /// Without a time limit in milliseconds the call waits until it is answered, or until the bus says
 /// that nobody will answer it.

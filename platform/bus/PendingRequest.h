@@ -26,7 +26,7 @@ using PendingRequestList = QList<PendingRequest>;
 QDBusArgument &operator<<(QDBusArgument &argument, const PendingRequest &request);
 const QDBusArgument &operator>>(const QDBusArgument &argument, PendingRequest &request);
 
-/// Teaches Qt's bus bindings the types above; call it before the first use of either.
+/// Registers the types above with Qt's D-Bus bindings; call it before using either.
 void registerPendingRequestTypes();
 
 } // namespace norvane

@@ -38,7 +38,7 @@ FolderLock::Answer FolderLock::take(const std::filesystem::path &folder,
         return Answer::NoFolder;
     }
     const QDeadlineTimer deadline{timeout};
-    // Any other error is a file system without locks: then there is nobody to wait for.
+    // Any other error means a file system without locks; the program runs without one then.
     while (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         if (deadline.hasExpired()) {
             ::close(descriptor);

@@ -8,8 +8,8 @@
 
 namespace norvane {
 
-/// One process's claim to a folder. It ends with the process at the latest, however that ends, and
-/// binds only those who ask for it.
+/// An advisory lock on a folder, held by one process at a time. It is released when the process
+/// ends, even by a crash.
 class FolderLock final {
 public:
     enum class Answer { Taken, Held, NoFolder };
@@ -19,8 +19,8 @@ public:
     FolderLock &operator=(const FolderLock &) = delete;
     ~FolderLock();
 
-    /// Blocks as long as another process holds it, but no longer than `timeout`. Once taken, it is
-    /// kept.
+    /// Blocks while another process holds the lock, but no longer than `timeout`. Once taken, the
+    /// lock is kept until this object is destroyed.
     [[nodiscard]] Answer take(const std::filesystem::path &folder,
                               std::chrono::milliseconds timeout);
 

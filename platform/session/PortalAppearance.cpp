@@ -23,7 +23,7 @@ const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 
 using Groups = QMap<QString, QVariantMap>;
 
-/// Some portals wrap a value in one variant more than they promise.
+/// Some portals wrap a value in one variant more than documented.
 QVariant unwrapped(QVariant value)
 {
     while (value.canConvert<QDBusVariant>()) {
@@ -39,7 +39,7 @@ Appearance::ColorScheme schemeOf(const QVariant &value)
     return number == 1 ? Scheme::Dark : number == 2 ? Scheme::Light : Scheme::NoPreference;
 }
 
-/// Parts outside of 0 to 1 are how a portal says that there is no accent colour.
+/// A portal without an accent colour sends components outside of 0 to 1.
 std::optional<Appearance::Color> colorOf(const QVariant &value)
 {
     if (!value.canConvert<QDBusArgument>()) {

@@ -11,8 +11,8 @@
 
 namespace norvane {
 
-/// Turns the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) into one of Qt's, so that
-/// the end is the same as by the panel's button.
+/// Turns the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) into a Qt signal, so that
+/// the program ends in the same way as by the panel's button.
 ///
 /// There may be one at a time, on the main thread. A signal that arrives before the event loop
 /// runs is reported when it does. A signal that was ignored from the start stays ignored.

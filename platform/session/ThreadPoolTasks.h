@@ -9,7 +9,7 @@
 
 namespace norvane {
 
-/// Runs background work on a thread of its own. Its end waits for what was started.
+/// Runs background work on a thread of its own. The destructor waits for started work to finish.
 class ThreadPoolTasks final : public BackgroundTasks {
 public:
     ThreadPoolTasks();

@@ -10,8 +10,8 @@ namespace norvane {
 /// The user's folders by the XDG base directory rules: absolute paths that need not exist, empty
 /// where the user has no home.
 ///
-/// Paths are bytes: a name that is not UTF-8 leads where it should, which QString cannot say. Read
-/// here instead of through QStandardPaths, which puts a user without a home into the root folder.
+/// Paths are bytes, because a QString cannot hold a name that is not UTF-8. QStandardPaths is not
+/// used: for a user without a home it answers the root folder.
 class XdgFolders {
 public:
     /// XDG_DATA_HOME if absolute, else ~/.local/share.

@@ -47,8 +47,8 @@ QList<QImage> IconDrawing::inAllSizes(const QString &iconName)
     if (!QFile::exists(QStringLiteral(":/norvane/icons/16/%1.svg").arg(iconName))) {
         return images;
     }
-    // Panels show these pixels as they are, on a ground that nobody tells: white stands out from a
-    // dark one, and on a light one its edge does.
+    // Panels show these pixels unchanged, on a background whose colour is unknown here: the white
+    // shape stands out on a dark panel, its dark edge on a light one.
     const QColor face{0xf6, 0xf6, 0xf6};
     const QColor edge{0x26, 0x26, 0x26, 0xc0};
     for (const int size : sizes) {

@@ -14,9 +14,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A panel that offers both kinds of tray offers this one first; the other follows in this time.
+/// A panel with both kinds of tray starts this one first; the other one appears within this time.
 constexpr auto timeToSettle = 500ms;
-constexpr int patience = 1000;
+constexpr int timeToEnd = 1000;
 constexpr int startAttempts = 10;
 
 } // namespace
@@ -64,15 +64,16 @@ void LegacyTray::startIcon()
     icon_->start(program_, {iconName_});
 }
 
-/// Waits for it, so that no two icons are ever in a tray; it needs a few milliseconds.
+/// Blocks until the process has ended, normally a few milliseconds, so that a tray never shows two
+/// icons.
 void LegacyTray::endIcon()
 {
     if (icon_) {
         icon_->disconnect(this);
         icon_->closeWriteChannel();
-        if (!icon_->waitForFinished(patience)) {
+        if (!icon_->waitForFinished(timeToEnd)) {
             icon_->kill();
-            icon_->waitForFinished(patience);
+            icon_->waitForFinished(timeToEnd);
         }
         icon_.reset();
     }

@@ -16,10 +16,10 @@ namespace norvane {
 
 /// The icon in an X11 system tray, for desktops without hosts of status items.
 ///
-/// The icon belongs to a small process beside this one: it needs Qt's widgets, which are not to
-/// weigh on the many desktops that never need them, and Qt settles once in a process what kind of
-/// tray there is. Each tray that appears gets a fresh one, and so does a tray whose icon died by
-/// itself. It ends with the tray, with this object, and when its standard input closes.
+/// The icon is shown by a small process of its own, for two reasons: it needs Qt Widgets, whose
+/// memory most desktops should not pay for, and Qt decides only once in a process what kind of tray
+/// there is. A new process is started for each tray that appears, and again when a process dies.
+/// The process ends with the tray, with this object, and when its standard input closes.
 class LegacyTray final : public QObject {
     Q_OBJECT
 

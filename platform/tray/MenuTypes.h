@@ -35,7 +35,7 @@ struct MenuEvent {
 };
 using MenuEventList = QList<MenuEvent>;
 
-/// Makes the types known to the bus library.
+/// Registers the types with Qt's D-Bus bindings.
 void registerMenuTypes();
 
 QDBusArgument &operator<<(QDBusArgument &argument, const MenuEntry &entry);

@@ -15,25 +15,26 @@
 
 namespace norvane {
 
-/// The status item on whatever kind of tray the desktop has at the moment.
+/// Shows the status item in whichever kind of tray the desktop has at the moment.
 ///
-/// A desktop with a watcher of status items gets the item on the bus. While there is no watcher,
-/// and Norvane runs on X11, the icon goes into the X11 system tray, if there is one. The two take
-/// over from each other, so that there is one icon wherever one can be.
+/// On a desktop with a watcher for status items, the item is offered on the bus. While there is no
+/// watcher and Norvane runs on X11, the icon goes into the X11 system tray, if there is one. When
+/// one kind of tray disappears and the other is there, the icon moves, so there is always one icon
+/// wherever one is possible.
 class StatusArea final : public StatusItem {
     Q_OBJECT
 
 public:
-    /// `legacyProgram` is the process that shows the icon in an X11 tray; empty for never.
+    /// `legacyProgram` is the program that shows the icon in an X11 tray; empty if none may.
     StatusArea(const QDBusConnection &bus, QString legacyProgram);
 
-    /// The process for X11 trays that belongs to this program; empty where the display is another
-    /// one than X11. Needs the application object.
+    /// The program for X11 trays that is installed with this one; empty where the display is not
+    /// X11. Needs the application object.
     [[nodiscard]] static QString legacyProgramOfThisSession();
 
     /// Says that there may be a bus later, so that there is a button before.
     void expectBus() { isBusExpected_ = true; }
-    /// Goes on with another bus.
+    /// Moves the item to another bus.
     void useBus(const QDBusConnection &bus);
 
     [[nodiscard]] bool hasButton() const override;

@@ -18,10 +18,10 @@ namespace norvane {
 
 /// The status item as the session bus sees it.
 ///
-/// On the bus from the start to the end, whoever listens: some hosts look for items that never
-/// found a watcher. The icon goes by its theme name, which a panel can recolour, and as pixels for
-/// panels that do not find the name; no path to a folder of icons is given, since hosts disagree
-/// about its meaning.
+/// Registered from construction to destruction, even without a watcher, because some hosts look for
+/// items themselves. The icon is given as a theme name, which a panel can recolour, and as pixels
+/// for panels that do not find the name. No icon folder is given, since hosts disagree about what
+/// that path means.
 class StatusNotifierItem final : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString Category READ category CONSTANT)
@@ -64,15 +64,15 @@ public:
     [[nodiscard]] IconPixmapList iconPixmap();
 
 public slots: // What hosts call, under the names the bus knows.
-    /// The main button.
+    /// A press of the main mouse button.
     void Activate(int x, int y);
-    /// The middle button, which does nothing.
+    /// A press of the middle button; does nothing.
     void SecondaryActivate(int x, int y);
-    /// The menu button, at hosts that draw no menus: opens what the menu's one entry opens.
+    /// A press of the menu button on a host that draws no menus: does the same as the menu's entry.
     void ContextMenu(int x, int y);
-    /// The wheel, which does nothing.
+    /// A turn of the wheel; does nothing.
     void Scroll(int delta, const QString &orientation);
-    /// Comes before the call that it is meant for.
+    /// The token for the call that follows.
     void ProvideXdgActivationToken(const QString &token);
 
 signals:

@@ -7,8 +7,8 @@
 
 namespace norvane {
 
-/// What a host shows while the pointer rests on the icon. Hosts may read its texts as markup, so
-/// nothing that a user typed belongs here.
+/// What a host shows while the pointer rests on the icon. Hosts may parse its texts as markup, so
+/// they must not contain anything that a user typed.
 struct ToolTip {
     QString iconName;
     IconPixmapList iconPixmap;

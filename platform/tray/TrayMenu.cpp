@@ -24,7 +24,7 @@ bool exists(int id)
     return id == root || id == open;
 }
 
-/// The item's properties; only those named, unless none is named.
+/// The item's properties: those in `names`, or all if `names` is empty.
 QVariantMap properties(int id, const QStringList &names)
 {
     QVariantMap all;

@@ -13,8 +13,8 @@ namespace norvane {
 
 /// The menu of the status item on the bus: one entry, which opens Norvane.
 ///
-/// Some hosts hide an item without a menu, and some users have their panel show menus only. The
-/// menu never changes, so its revision stays what it is.
+/// Some hosts hide an item without a menu, and some panels can be set to open menus only. The menu
+/// never changes, and neither does its revision number.
 class TrayMenu final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_PROPERTY(uint Version READ version CONSTANT)
@@ -46,7 +46,7 @@ public slots: // What hosts call, under the names the bus knows.
     QList<int> AboutToShowGroup(const QList<int> &ids, QList<int> &idErrors);
 
 signals:
-    /// The entry was chosen.
+    /// Emitted when the user chooses the entry.
     void openChosen();
 
 private:

@@ -12,16 +12,16 @@ namespace norvane {
 
 /// The link to the watcher, the part of a desktop that keeps the list of its status items.
 ///
-/// Registers this connection's item with every watcher that appears, and once more whenever a host
-/// that shows items does: some watchers forget items that came before their host. Nothing here
-/// waits for a watcher.
+/// Registers this connection's item with every watcher that appears, and again whenever a host
+/// appears, because some watchers forget items that were registered before their host. Never
+/// blocks.
 class WatcherLink final : public QObject {
     Q_OBJECT
 
 public:
     explicit WatcherLink(const QDBusConnection &bus);
 
-    /// Starts to look. The object of the item must be on the bus by now.
+    /// Starts to look for a watcher. The item's object must already be registered on the bus.
     void start();
 
     /// Whether it is known that there is no watcher.
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] bool hasHost() const noexcept { return state_ == State::Hosted; }
 
 signals:
-    /// One of the answers above may have changed.
+    /// Emitted when one of the answers above may have changed.
     void changed();
 
 private slots: // Targets of signals from the bus.

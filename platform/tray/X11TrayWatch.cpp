@@ -27,7 +27,7 @@ void X11TrayWatch::lookForManager()
                               XCB_EVENT_MASK_STRUCTURE_NOTIFY); // Its window ends with it.
         }
     } while (manager_ != owner());
-    // Events that came in with the answer do not make the descriptor readable again.
+    // Events that were read together with an answer do not make the descriptor readable again.
     QMetaObject::invokeMethod(this, &X11TrayWatch::readEvents, Qt::QueuedConnection);
     emit changed();
 }

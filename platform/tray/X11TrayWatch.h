@@ -12,9 +12,9 @@
 
 namespace norvane {
 
-/// Tells whether the X11 display has a system tray, the manager of its tray selection.
+/// Tells whether the X11 display has a system tray, that is, an owner of its tray selection.
 ///
-/// Without a display there is no tray, now and later.
+/// Without an X11 display the answer is always no.
 class X11TrayWatch final : public QObject {
     Q_OBJECT
 

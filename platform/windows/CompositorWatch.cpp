@@ -23,7 +23,7 @@ CompositorWatch::CompositorWatch(QObject *parent) : QObject{parent}
     }
     selection_ = display_->atom("_NET_WM_CM_S" + QByteArray::number(display_->screenNumber()));
     xcb_connection_t *const server = display_->connection();
-    // A server sends the events of this extension only to who has told its version.
+    // A server sends this extension's events only to clients that have announced their version.
     const X11Display::Answer<xcb_xfixes_query_version_reply_t> version{
         xcb_xfixes_query_version_reply(
             server,
@@ -54,8 +54,8 @@ void CompositorWatch::look()
 
 void CompositorWatch::readEvents()
 {
-    // Nothing but the owner is listened to. An answer may bring events along, so until there is
-    // none.
+    // Only changes of the owner are selected. Reading an answer may queue further events, so the
+    // loop runs until there are none.
     bool look = false;
     do {
         look = false;

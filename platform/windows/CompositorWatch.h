@@ -12,9 +12,8 @@
 
 namespace norvane {
 
-/// Whether windows are drawn over one another with what shines through, so that corners can be
-/// round. On X11 that is so while a compositing manager runs, which may start and end at any time;
-/// elsewhere it is always so.
+/// Tells whether windows may be translucent, which round corners need. On X11 they may while a
+/// compositing manager runs, which can start and end at any time; elsewhere they always may.
 ///
 /// Needs the application object; lives on the main thread.
 class CompositorWatch : public QObject {

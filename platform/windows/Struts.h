@@ -9,10 +9,11 @@
 
 namespace norvane {
 
-/// What panels of an X11 desktop reserve, as their windows' struts say. Device pixels.
+/// The screen edges that panels of an X11 desktop reserve, as read from their windows' struts. In
+/// device pixels.
 class Struts {
 public:
-    /// A strip along an edge of the display, or of a screen that lies further in.
+    /// A strip along an edge of the display, or along an edge between two screens.
     struct Strip {
         Qt::Edge edge;
         QRect rect;
@@ -23,8 +24,8 @@ public:
     /// ends. Four numbers are depths along the whole edges; any other count reserves nothing.
     [[nodiscard]] static QList<Strip> strips(const QList<int> &numbers, const QSize &display);
 
-    /// What is left of a screen beside these strips. A strip that would take more than half of the
-    /// screen is for another one, which lies behind it as seen from the display's edge.
+    /// The part of a screen that these strips leave free. A strip that would take more than half of
+    /// the screen is ignored: it is meant for another screen further from the display's edge.
     [[nodiscard]] static QRect workArea(const QRect &screen, const QList<Strip> &strips);
 };
 

@@ -22,7 +22,7 @@ QRect inDevicePixels(const QScreen &screen)
     return {screen.geometry().topLeft(), size.toSize()};
 }
 
-/// Qt scales around the top left corner of where it takes the screen to be.
+/// Qt scales around the top left corner of the screen's position as Qt knows it.
 QPointF scaled(const QPointF &place, const QScreen &screen)
 {
     const QPointF origin = screen.geometry().topLeft();
@@ -41,8 +41,8 @@ QRect scaledInwards(const QRect &rect, const QScreen &screen)
     return {topLeft, bottomRight};
 }
 
-/// What panels leave of a screen. An edge where there is none stays the screen's own: rounding
-/// would make a strip of one pixel of it.
+/// The part of a screen that panels leave free. An edge without a panel stays exactly the screen's
+/// edge: rounding would turn it into a strip of one pixel.
 QRect workArea(const QRect &deviceWork, const QRect &device, const QRect &whole,
                const QScreen &screen)
 {
@@ -78,7 +78,7 @@ QList<ScreenArea> WindowSystem::screens() const
     QList<ScreenArea> areas;
     for (const QScreen *const screen : QGuiApplication::screens()) { // The primary one leads.
         const QRect device = corrected(inDevicePixels(*screen));
-        // What Qt knows of the screen counts for the place where Qt knows it.
+        // Qt's work area is relative to the position at which Qt believes the screen to be.
         const QPoint moved =
             scaled(device.topLeft(), *screen).toPoint() - screen->geometry().topLeft();
         const QRect whole = screen->geometry().translated(moved);

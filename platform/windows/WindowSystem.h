@@ -16,7 +16,7 @@ class QWindow;
 
 namespace norvane {
 
-/// A screen and what its panels leave of it, in one and the same kind of pixels.
+/// A screen and the part of it that panels leave free, both in the same unit of pixels.
 struct ScreenArea {
     QRect whole;
     QRect work; ///< Inside `whole`.
@@ -24,8 +24,8 @@ struct ScreenArea {
     bool operator==(const ScreenArea &) const = default;
 };
 
-/// What the shell asks of the window system. This one is for where Qt's own means are all there
-/// is, as on Wayland; forThisSession() finds the right one.
+/// What the shell needs from the window system. This base class uses only what Qt offers, as on
+/// Wayland; forThisSession() chooses the right class.
 ///
 /// Pixels are device-independent unless said otherwise. Lives on the main thread.
 class WindowSystem {
@@ -44,14 +44,14 @@ public:
     [[nodiscard]] std::optional<QRect> fromDevicePixels(const QRect &rect) const;
 
     /// Keeps a window out of taskbars, pagers and switchers, and on every workspace, as far as
-    /// possible. To be said before every showing; the window is not visible.
+    /// possible. Call it before each time the window is shown, while it is not visible.
     virtual void makeAccessory(QWindow &window);
-    /// Gives a visible window the keyboard, because the user asked for it just now. The token comes
-    /// from whoever told of it, or is empty.
+    /// Gives a visible window the keyboard in response to an action of the user. `token` is the
+    /// activation token that came with the action, or empty.
     virtual void activate(QWindow &window, const QString &token);
 
 protected:
-    /// A screen's true place in device pixels, where Qt takes it to be at another.
+    /// A screen's true rectangle in device pixels, which can differ from Qt's.
     [[nodiscard]] virtual QRect corrected(const QRect &screen) const;
     /// The strips that panels reserve for themselves, in device pixels.
     [[nodiscard]] virtual QList<Struts::Strip> panelStrips() const;

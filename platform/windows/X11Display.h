@@ -15,8 +15,8 @@
 
 namespace norvane {
 
-/// A connection of our own to the X11 display, beside Qt's: what it listens to is nobody else's
-/// affair, and it may be asked and waited for. Answers are empty where there is no display.
+/// A second connection to the X11 display, beside Qt's. It selects events without changing what Qt
+/// receives, and may be read synchronously. Answers are empty where there is no display.
 class X11Display {
 public:
     struct Free {
@@ -33,15 +33,15 @@ public:
     [[nodiscard]] int screenNumber() const noexcept { return screenNumber_; }
     [[nodiscard]] xcb_window_t root() const noexcept { return root_; }
 
-    /// The number that stands for a name; asked for once.
+    /// The atom of a name; cached.
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name) const;
     /// A window's property as 32-bit numbers; empty when it has none of this type.
     [[nodiscard]] QList<int> numbers(xcb_window_t window, xcb_atom_t property,
                                      xcb_atom_t type) const;
-    /// The same of many windows, asked for in one go.
+    /// The same for many windows, in one round trip.
     [[nodiscard]] QList<QList<int>> numbersOfAll(const QList<int> &windows, xcb_atom_t property,
                                                  xcb_atom_t type) const;
-    /// Sends us the events of this mask for a window.
+    /// Selects the events of this mask on a window.
     void listenTo(xcb_window_t window, std::uint32_t mask) const;
 
 private:

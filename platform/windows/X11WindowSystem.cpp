@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint8_t wordsOf32Bits = 32;
 
-/// Qt's own connection: what is sent here reaches the server in order with what Qt sends.
+/// Qt's own connection: requests sent here reach the server in order with Qt's own.
 xcb_connection_t *connectionOfQt()
 {
     return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
@@ -40,7 +40,7 @@ X11WindowSystem::X11WindowSystem()
 
 void X11WindowSystem::makeAccessory(QWindow &window)
 {
-    // Qt keeps what it finds in the state of a window that is not on the screen.
+    // Qt keeps the states that it finds on a window that is not mapped.
     const std::array<xcb_atom_t, 3> states{display_.atom("_NET_WM_STATE_SKIP_TASKBAR"),
                                            display_.atom("_NET_WM_STATE_SKIP_PAGER"),
                                            display_.atom("_NET_WM_STATE_STICKY")};
@@ -81,7 +81,7 @@ void X11WindowSystem::activate(QWindow &window, const QString &token)
 
 QRect X11WindowSystem::corrected(const QRect &screen) const
 {
-    // Qt 6.4 does not hear of it when the last screen moves to where an unplugged one was.
+    // Qt 6.4 does not notice when the last screen moves to where an unplugged one was.
     const QRect display{QPoint{0, 0}, displaySize()};
     const bool isLost = QGuiApplication::screens().size() == 1 && !display.contains(screen);
     return isLost ? QRect{QPoint{0, 0}, screen.size()} : screen;

@@ -10,9 +10,10 @@ namespace norvane {
 
 /// The window system on X11, XWayland included.
 ///
-/// Speaks to the window manager in its own terms where Qt has no words: Qt reads no work area of
-/// more than one screen, and asks for the keyboard with the time of the last key or click that it
-/// saw itself, which a window manager may refuse to somebody who was pressed elsewhere.
+/// Talks to the window manager directly where Qt does not suffice. Qt reads no work areas when
+/// there are several screens. And Qt requests the keyboard with the time of the last key or click
+/// that it saw itself; a window manager may refuse that after a click on the icon, which Qt never
+/// sees.
 class X11WindowSystem final : public WindowSystem {
 public:
     X11WindowSystem();

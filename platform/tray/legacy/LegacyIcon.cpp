@@ -38,8 +38,7 @@ LegacyIcon::LegacyIcon(const QString &iconName) : input_{STDIN_FILENO, QSocketNo
 
 void LegacyIcon::report(QSystemTrayIcon::ActivationReason reason) const
 {
-    // A second press soon after the first one arrives as a double click, and is a press all the
-    // same.
+    // A second press soon after the first one arrives as a double click; it counts as a press too.
     if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick) {
         const QRect place = icon_.geometry();
         std::printf("%d %d %d %d\n", place.x(), place.y(), place.width(), place.height());

@@ -9,10 +9,10 @@
 
 namespace norvane {
 
-/// The icon in the X11 system tray, working for the process at the other end of standard input.
+/// The icon in the X11 system tray, shown on behalf of the parent process.
 ///
-/// Each press writes where the icon is, "x y width height" in pixels, as one line to standard
-/// output. The end of standard input ends the program.
+/// Each press writes the icon's rectangle, "x y width height" in device pixels, as one line to
+/// standard output. The program ends when its standard input closes.
 class LegacyIcon final : public QObject {
     Q_OBJECT
 

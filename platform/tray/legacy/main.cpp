@@ -7,12 +7,12 @@
 
 int main(int argc, char *argv[])
 {
-    // The places it reports are the display's own pixels.
+    // Without scaling, the rectangles it reports are in device pixels.
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     qunsetenv("QT_SCALE_FACTOR");
     qunsetenv("QT_SCREEN_SCALE_FACTORS");
-    // Norvane itself is on the session bus. A second application of that name, with nothing in it,
-    // would only be in the way of a screen reader.
+    // Norvane itself is in the accessibility tree. A second, empty application of that name would
+    // only confuse users of a screen reader.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     qunsetenv("AT_SPI_BUS_ADDRESS");
     QApplication application{argc, argv};
