@@ -105,7 +105,7 @@ def load(build: Path, bus: PrivateBus, name: str, count: int) -> float:
 def measure_memory(build: Path, bus: PrivateBus, folder: Path, figures: Figures):
     def compare(what: str, pid: int):
         used = settled_memory(pid)
-        for kind in ("Rss", "Pss"):
+        for kind in ("Private", "Pss", "Rss"):
             figures.ratio(f"{kind} {what}", used[kind] / 1024, floor[kind] / 1024, "MiB",
                           MEMORY_GOAL)
 

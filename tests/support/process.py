@@ -31,6 +31,12 @@ def wake_ups(pid: int) -> int:
 
 
 def memory(pid: int) -> dict[str, int]:
-    """The process's resident (Rss) and proportional (Pss) memory in KiB."""
+    """The process's memory in KiB: private (Private), proportional (Pss) and resident (Rss).
+
+    Private memory is what the process alone has written to: what the machine gets back when it ends.
+    Unwritten pages of a file are left out, also where only this process has mapped the file: the
+    kernel can drop them at any time, and whether they are shared depends on what else is running.
+    """
+    names = {"Private_Dirty:": "Private", "Pss:": "Pss", "Rss:": "Rss"}
     rows = (line.split() for line in Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines())
-    return {row[0].rstrip(":"): int(row[1]) for row in rows if row[0] in ("Rss:", "Pss:")}
+    return {names[row[0]]: int(row[1]) for row in rows if row[0] in names}
