@@ -100,12 +100,12 @@ void AppDelegate::present(const std::optional<IconPress> &press, const QString &
     // the first one that swallows a key leaves nothing for the others to do.
     eventMonitor_ =
         seams_.keyMonitors.add([self = QPointer<const AppDelegate>{this}](const QKeyEvent &key) {
-            return self ? self->judge(key) : KeyMonitors::Verdict::Pass;
+            return self ? self->decide(key) : KeyMonitors::Verdict::Pass;
         });
 }
 
 /// Space types a space or does nothing: it never presses a button that happens to have the focus.
-KeyMonitors::Verdict AppDelegate::judge(const QKeyEvent &key) const
+KeyMonitors::Verdict AppDelegate::decide(const QKeyEvent &key) const
 {
     if (key.key() != Qt::Key_Space || !popover_->isVisible() || textHasKeyboard()) {
         return KeyMonitors::Verdict::Pass;

@@ -58,7 +58,7 @@ signals:
 
 private:
     void present(const std::optional<IconPress> &press, const QString &activationToken);
-    [[nodiscard]] KeyMonitors::Verdict judge(const QKeyEvent &key) const;
+    [[nodiscard]] KeyMonitors::Verdict decide(const QKeyEvent &key) const;
 
     Platform platform_;
     Seams seams_;

@@ -7,24 +7,6 @@
 
 namespace norvane {
 
-QDBusArgument &operator<<(QDBusArgument &argument, const PendingRequest &request)
-{
-    argument.beginStructure();
-    argument << request.identifier << request.title << request.body << request.sound
-             << request.trigger;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, PendingRequest &request)
-{
-    argument.beginStructure();
-    argument >> request.identifier >> request.title >> request.body >> request.sound >>
-        request.trigger;
-    argument.endStructure();
-    return argument;
-}
-
 void registerPendingRequestTypes()
 {
     qDBusRegisterMetaType<PendingRequest>();

@@ -3,10 +3,13 @@
 
 #pragma once
 
-#include <QDBusArgument>
+#include "platform/bus/BusStruct.h"
+
 #include <QList>
 #include <QMetaType>
 #include <QString>
+
+#include <tuple>
 
 namespace norvane {
 
@@ -18,13 +21,14 @@ struct PendingRequest {
     QString sound;
     QString trigger; ///< `yyyy-MM-ddTHH:mm`, wall-clock time.
 
+    static auto fields(auto &self)
+    {
+        return std::tie(self.identifier, self.title, self.body, self.sound, self.trigger);
+    }
     friend bool operator==(const PendingRequest &, const PendingRequest &) = default;
 };
 
 using PendingRequestList = QList<PendingRequest>;
-
-QDBusArgument &operator<<(QDBusArgument &argument, const PendingRequest &request);
-const QDBusArgument &operator>>(const QDBusArgument &argument, PendingRequest &request);
 
 /// Registers the types above with Qt's D-Bus bindings; call it before using either.
 void registerPendingRequestTypes();

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// A panel with both kinds of tray starts this one first; the other one appears within this time.
-constexpr auto timeToSettle = 500ms;
+constexpr auto timeForOtherTray = 500ms;
 constexpr int timeToEnd = 1000;
 constexpr int startAttempts = 10;
 
@@ -23,9 +23,9 @@ constexpr int startAttempts = 10;
 
 LegacyTray::LegacyTray(QString program) : program_{std::move(program)}
 {
-    settled_.setSingleShot(true);
-    settled_.setInterval(timeToSettle);
-    connect(&settled_, &QTimer::timeout, this, &LegacyTray::startIcon);
+    startDelay_.setSingleShot(true);
+    startDelay_.setInterval(timeForOtherTray);
+    connect(&startDelay_, &QTimer::timeout, this, &LegacyTray::startIcon);
     connect(&watch_, &X11TrayWatch::changed, this, &LegacyTray::renew);
     renew();
 }
@@ -42,11 +42,11 @@ bool LegacyTray::isShown() const
 
 void LegacyTray::renew()
 {
-    settled_.stop();
+    startDelay_.stop();
     endIcon();
     attemptsLeft_ = startAttempts;
     if (watch_.hasTray()) {
-        settled_.start();
+        startDelay_.start();
     }
 }
 
@@ -58,7 +58,7 @@ void LegacyTray::startIcon()
     connect(icon_.get(), &QProcess::readyReadStandardOutput, this, &LegacyTray::readPresses);
     connect(icon_.get(), &QProcess::stateChanged, this, [this](QProcess::ProcessState state) {
         if (state == QProcess::NotRunning && attemptsLeft_ > 0) {
-            settled_.start(); // It was killed, or did not come up.
+            startDelay_.start(); // It was killed, or did not come up.
         }
     });
     icon_->start(program_, {iconName_});

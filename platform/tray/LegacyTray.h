@@ -43,7 +43,7 @@ private:
     QString program_;
     QString iconName_;
     X11TrayWatch watch_;
-    QTimer settled_;
+    QTimer startDelay_;
     int attemptsLeft_ = 0;           ///< At showing the icon in this tray.
     std::unique_ptr<QProcess> icon_; ///< None while there is no tray.
 };

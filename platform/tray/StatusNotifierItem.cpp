@@ -6,8 +6,6 @@
 #include "StatusNotifierItemAdaptor.h"
 #include "platform/tray/IconDrawing.h"
 
-#include <QDBusMetaType>
-
 #include <utility>
 
 namespace norvane {
@@ -20,9 +18,6 @@ const QString itemPath = QStringLiteral("/StatusNotifierItem");
 
 StatusNotifierItem::StatusNotifierItem(const QDBusConnection &bus) : bus_{bus}, menu_{bus}
 {
-    qDBusRegisterMetaType<norvane::IconPixmap>();
-    qDBusRegisterMetaType<norvane::IconPixmapList>();
-    qDBusRegisterMetaType<norvane::ToolTip>();
     new StatusNotifierItemAdaptor{this}; // Owned by this object.
     if (bus_.isConnected() &&
         !bus_.registerObject(itemPath, this, QDBusConnection::ExportAdaptors)) {

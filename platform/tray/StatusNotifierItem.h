@@ -4,9 +4,8 @@
 #pragma once
 
 #include "platform/StatusItem.h"
-#include "platform/tray/IconPixmap.h"
-#include "platform/tray/ToolTip.h"
 #include "platform/tray/TrayMenu.h"
+#include "platform/tray/TrayTypes.h"
 
 #include <QDBusConnection>
 #include <QDBusObjectPath>

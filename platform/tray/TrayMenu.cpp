@@ -49,7 +49,7 @@ QVariantMap properties(int id, const QStringList &names)
 
 TrayMenu::TrayMenu(QDBusConnection bus) : bus_{std::move(bus)}
 {
-    registerMenuTypes();
+    registerTrayTypes();
     new TrayMenuAdaptor{this}; // Owned by this object.
     if (bus_.isConnected() && !bus_.registerObject(path(), this, QDBusConnection::ExportAdaptors)) {
         qWarning("The menu of the icon cannot be put on the session bus.");

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/tray/MenuTypes.h"
+#include "platform/tray/TrayTypes.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 the Norvane authors
 // SPDX-License-Identifier: MIT
 
-#include "platform/tray/IconPixmap.h"
+#include "platform/tray/TrayTypes.h"
 
+#include <QDBusMetaType>
 #include <QImage>
 #include <QtEndian>
 
@@ -17,20 +18,17 @@ IconPixmap IconPixmap::of(const QImage &image)
     return pixmap;
 }
 
-QDBusArgument &operator<<(QDBusArgument &argument, const IconPixmap &pixmap)
+void registerTrayTypes()
 {
-    argument.beginStructure();
-    argument << pixmap.width << pixmap.height << pixmap.argb;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, IconPixmap &pixmap)
-{
-    argument.beginStructure();
-    argument >> pixmap.width >> pixmap.height >> pixmap.argb;
-    argument.endStructure();
-    return argument;
+    qDBusRegisterMetaType<IconPixmap>();
+    qDBusRegisterMetaType<IconPixmapList>();
+    qDBusRegisterMetaType<ToolTip>();
+    qDBusRegisterMetaType<MenuEntry>();
+    qDBusRegisterMetaType<MenuEntryList>();
+    qDBusRegisterMetaType<MenuLayout>();
+    qDBusRegisterMetaType<MenuEvent>();
+    qDBusRegisterMetaType<MenuEventList>();
+    qDBusRegisterMetaType<QList<QDBusVariant>>();
 }
 
 } // namespace norvane
