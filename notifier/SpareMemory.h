@@ -9,8 +9,7 @@ namespace norvane {
 /// before the first thread starts.
 void shareOneHeap();
 
-/// Gives back to the system what a process that only waits does not need: free heap, and the
-/// database library's code, which comes back from its file with the next use. May take a few
+/// Returns free heap memory to the system, for a process that is about to wait. May take a few
 /// milliseconds.
 void giveBackSpareMemory();
 
