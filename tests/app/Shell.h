@@ -7,7 +7,7 @@
 #include "app/KeyMonitors.h"
 #include "app/Popover.h"
 #include "platform/windows/WindowSystem.h"
-#include "tests/app/FakeStatusBar.h"
+#include "tests/app/FakeStatusItem.h"
 #include "tests/support/FakePlatform.h"
 
 #include <QGuiApplication>
@@ -21,22 +21,21 @@ namespace norvane {
 /// The shell with its real panel, in the hands of a test.
 struct Shell {
     FakePlatform platform;
-    FakeStatusBar statusBar;
+    FakeStatusItemMaker statusItem;
     WindowSystem windowSystem;
     KeyMonitors keyMonitors;
     std::optional<AppDelegate> delegate;
 
     Shell()
     {
-        delegate.emplace(
-            platform.all(),
-            AppDelegate::Seams{.makeStatusItem = [this] { return statusBar.makeStatusItem(); },
-                               .windowSystem = windowSystem,
-                               .keyMonitors = keyMonitors});
+        delegate.emplace(platform.all(),
+                         AppDelegate::Seams{.makeStatusItem = [this] { return statusItem.make(); },
+                                            .windowSystem = windowSystem,
+                                            .keyMonitors = keyMonitors});
     }
 
     void launch() { delegate->applicationDidFinishLaunching(); }
-    void press() { statusBar.item()->press(); }
+    void press() { statusItem.item()->press(); }
 
     /// The popover; null before the launch.
     [[nodiscard]] static Popover *popover()

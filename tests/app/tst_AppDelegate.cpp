@@ -21,7 +21,7 @@ private slots:
 
         shell.launch();
 
-        QCOMPARE(shell.statusBar.item()->images(),
+        QCOMPARE(shell.statusItem.item()->images(),
                  QStringList{QStringLiteral("org.norvane.Norvane-symbolic|Norvane")});
     }
 
@@ -49,17 +49,17 @@ private slots:
     void anItemWithoutAButtonGetsNoImage()
     {
         Shell shell;
-        shell.statusBar.setHasButton(false);
+        shell.statusItem.setHasButton(false);
 
         shell.launch();
 
-        QVERIFY(shell.statusBar.item()->images().isEmpty());
+        QVERIFY(shell.statusItem.item()->images().isEmpty());
     }
 
     void anItemWithoutAButtonOpensNothing()
     {
         Shell shell;
-        shell.statusBar.setHasButton(false);
+        shell.statusItem.setHasButton(false);
         shell.launch();
 
         shell.delegate->togglePopover({});
@@ -84,8 +84,8 @@ private slots:
         Shell shell;
         shell.launch();
 
-        shell.statusBar.item()->chooseOpen();
-        shell.statusBar.item()->chooseOpen();
+        shell.statusItem.item()->chooseOpen();
+        shell.statusItem.item()->chooseOpen();
 
         QVERIFY(Shell::popover()->isVisible());
     }
@@ -93,7 +93,7 @@ private slots:
     void startingAgainOpensWithoutAnyIcon()
     {
         Shell shell;
-        shell.statusBar.setHasButton(false);
+        shell.statusItem.setHasButton(false);
         shell.launch();
 
         shell.delegate->showPopover({});
@@ -119,7 +119,7 @@ private slots:
 
         shell.delegate->showPopoverWithoutHost({});
         QVERIFY(!Shell::popover()->isVisible());
-        shell.statusBar.item()->setHosted(false);
+        shell.statusItem.item()->setHosted(false);
         shell.delegate->showPopoverWithoutHost({});
         QVERIFY(Shell::popover()->isVisible());
     }

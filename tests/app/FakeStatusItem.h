@@ -35,10 +35,10 @@ private:
     QStringList images_;
 };
 
-/// Hands out one fake item, and keeps a hand on it.
-class FakeStatusBar final {
+/// Makes the shell's status item and lets the test press it.
+class FakeStatusItemMaker final {
 public:
-    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem()
+    [[nodiscard]] std::unique_ptr<StatusItem> make()
     {
         auto made = std::make_unique<FakeStatusItem>(hasButton_);
         item_ = made.get();
