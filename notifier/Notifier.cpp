@@ -3,8 +3,8 @@
 
 #include "notifier/Notifier.h"
 
-#include "notifier/SpareMemory.h"
 #include "platform/bus/BusNames.h"
+#include "platform/session/SpareMemory.h"
 
 #include <QDBusConnectionInterface>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "notifier/Notifier.h"
-#include "notifier/SpareMemory.h"
 #include "platform/bus/BusNames.h"
+#include "platform/session/SpareMemory.h"
 #include "platform/session/StopSignals.h"
 #include "platform/session/SystemClock.h"
 #include "platform/session/XdgFolders.h"

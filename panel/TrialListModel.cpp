@@ -19,18 +19,17 @@ namespace {
 
 QList<Trial> firstOfEachId(const QList<Trial> &trials)
 {
-    QList<Trial> firsts;
-    firsts.reserve(trials.size());
+    // Shares the store's list unless there is something to leave out.
+    QList<Trial> firsts = trials;
     // Keyed by bytes, whose hash is seeded: otherwise a file with many ids of the same hash would
     // make this slow.
     QSet<QByteArray> seen;
     seen.reserve(trials.size());
-    for (const Trial &trial : trials) {
-        if (const QByteArray id = trial.id.toRfc4122(); !seen.contains(id)) {
-            seen.insert(id);
-            firsts.append(trial);
-        }
-    }
+    firsts.removeIf([&seen](const Trial &trial) {
+        const qsizetype before = seen.size();
+        seen.insert(trial.id.toRfc4122());
+        return seen.size() == before;
+    });
     return firsts;
 }
 

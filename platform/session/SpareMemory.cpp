@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Norvane authors
 // SPDX-License-Identifier: MIT
 
-#include "notifier/SpareMemory.h"
+#include "platform/session/SpareMemory.h"
 
 #include <malloc.h>
 
