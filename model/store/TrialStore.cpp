@@ -18,6 +18,7 @@
 #include <new>
 #include <system_error>
 #include <tuple>
+#include <utility>
 
 #include <fcntl.h>
 
@@ -55,9 +56,9 @@ std::optional<QList<Trial>> trialsIn(const std::filesystem::path &path)
 
 } // namespace
 
-TrialStore::TrialStore(const Platform &platform, QObject *parent)
+TrialStore::TrialStore(Platform platform, QObject *parent)
     : QObject{parent},
-      platform_{platform}
+      platform_{std::move(platform)}
 {
     if (platform_.dataFolder.empty()) {
         std::abort();

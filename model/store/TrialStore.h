@@ -27,7 +27,7 @@ class TrialStore final : public QObject {
 public:
     /// Reads the file and plans all reminders anew, which also rewrites the file. Stops the process
     /// when the user has no folder for application data at all.
-    explicit TrialStore(const Platform &platform, QObject *parent = nullptr);
+    explicit TrialStore(Platform platform, QObject *parent = nullptr);
 
     /// The trials in display order.
     [[nodiscard]] const QList<Trial> &trials() const noexcept { return trials_; }
