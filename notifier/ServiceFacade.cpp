@@ -23,7 +23,7 @@ constexpr qsizetype longestText = 65'536; // Bytes of UTF-8.
 
 /// The texts of all requests that are listed in one answer, in bytes. A session bus disconnects a
 /// program that sends more than it takes, which may be twice as much.
-constexpr qint64 longestList = 32 * 1024 * 1024;
+constexpr qint64 longestList = 33'554'432;
 
 /// How long calls are collected before they are written together: a write to disk takes as long.
 constexpr std::chrono::milliseconds gathering{5};

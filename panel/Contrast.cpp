@@ -91,14 +91,14 @@ QColor Contrast::onGround(const QColor &ground)
     return ratio(Qt::white, ground) >= nearEnough ? Qt::white : Qt::black;
 }
 
-QColor Contrast::blended(const QColor &color, double opacity, const QColor &background)
+QColor Contrast::blended(const QColor &coat, double opacity, const QColor &background)
 {
     const auto channel = [opacity](float over, float under) {
         return static_cast<float>(over * opacity + under * (1 - opacity));
     };
-    return QColor::fromRgbF(channel(color.redF(), background.redF()),
-                            channel(color.greenF(), background.greenF()),
-                            channel(color.blueF(), background.blueF()));
+    return QColor::fromRgbF(channel(coat.redF(), background.redF()),
+                            channel(coat.greenF(), background.greenF()),
+                            channel(coat.blueF(), background.blueF()));
 }
 
 Hue Contrast::hue(const QColor &color, const QColor &background, const QColor &lit,

@@ -38,8 +38,8 @@ public:
     /// White or black, for text on a background of this colour: white if a slightly darker
     /// background gives it enough contrast.
     [[nodiscard]] Q_INVOKABLE static QColor onGround(const QColor &ground);
-    /// The colour that results from painting this translucent colour over a background.
-    [[nodiscard]] Q_INVOKABLE static QColor blended(const QColor &color, double opacity,
+    /// The colour that results from painting `coat` over a background at this opacity.
+    [[nodiscard]] Q_INVOKABLE static QColor blended(const QColor &coat, double opacity,
                                                     const QColor &background);
     /// A colour in all its uses on this background, which gets the other colour, `lit`, under the
     /// pointer; text and symbols have their ratios on either.
