@@ -29,8 +29,8 @@ bool textHasKeyboard()
 
 } // namespace
 
-AppDelegate::AppDelegate(const Platform &platform, Seams seams)
-    : platform_{platform},
+AppDelegate::AppDelegate(Platform platform, Seams seams)
+    : platform_{std::move(platform)},
       seams_{std::move(seams)}
 {
 }

@@ -34,7 +34,7 @@ public:
         KeyMonitors &keyMonitors;
     };
 
-    AppDelegate(const Platform &platform, Seams seams);
+    AppDelegate(Platform platform, Seams seams);
     ~AppDelegate() override;
 
     /// Makes the status item and the hidden popover, then asks for permission to notify, at every

@@ -211,7 +211,7 @@ private:
     QByteArray linkTo(const char *zone) const
     {
         const QByteArray made = QFile::encodeName(folder_.filePath(QStringLiteral("new")));
-        const QByteArray path = QFile::encodeName(folder_.filePath(QStringLiteral("localtime")));
+        QByteArray path = QFile::encodeName(folder_.filePath(QStringLiteral("localtime")));
         if (!QFile::link(QStringLiteral("/usr/share/zoneinfo/") + QString::fromLatin1(zone),
                          QFile::decodeName(made)) ||
             std::rename(made.constData(), path.constData()) != 0) {
