@@ -62,8 +62,8 @@ class Portal final : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    Portal(const QDBusConnection &bus, QVariantMap settings)
-        : bus_{bus},
+    Portal(QDBusConnection bus, QVariantMap settings)
+        : bus_{std::move(bus)},
           settings_{std::move(settings)}
     {
         qDBusRegisterMetaType<Groups>();

@@ -133,7 +133,10 @@ private slots:
         item.setImage(QStringLiteral("org.norvane.Norvane-symbolic"), QStringLiteral("Norvane"));
 
         for (const IconPixmap &pixmap : item.iconPixmap()) {
-            int left = pixmap.width, right = -1, top = pixmap.width, bottom = -1;
+            int left = pixmap.width;
+            int right = -1;
+            int top = pixmap.height;
+            int bottom = -1;
             for (int y = 0; y < pixmap.height; ++y) {
                 for (int x = 0; x < pixmap.width; ++x) {
                     if (static_cast<uchar>(pixmap.argb[4 * (qsizetype{y} * pixmap.width + x)]) >
