@@ -122,7 +122,7 @@ private slots:
         fake.folders.write(TrialsText{}.with("name", '"' + QByteArray(32 << 20, 'x') + '"').text());
 
         const auto outcome = ForkedChild::run([&] {
-            const rlim_t size = static_cast<rlim_t>(addressSpace() + moreMemory);
+            const auto size = static_cast<rlim_t>(addressSpace() + moreMemory);
             const rlimit limit{size, size};
             if (::setrlimit(RLIMIT_AS, &limit) != 0) {
                 return 2;
