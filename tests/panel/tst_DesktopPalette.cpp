@@ -29,8 +29,8 @@ QColor window()
 /// A desktop's theme, in force while it lives, whose colours a test changes.
 class ChangingTheme final : public QPlatformTheme {
 public:
-    explicit ChangingTheme(const QPalette &palette)
-        : palette_{palette},
+    explicit ChangingTheme(QPalette palette)
+        : palette_{std::move(palette)},
           former_{std::exchange(QGuiApplicationPrivate::platform_theme, this)}
     {
         QGuiApplication::setPalette(QPalette{});

@@ -47,8 +47,8 @@ private slots:
     {
         const PointInTime moment = berlin(2025, 1, 8, 9, 30);
 
-        QCOMPARE(german.text(moment, Part::Day), QStringLiteral("08.01.2025"));
-        QCOMPARE(german.text(moment, Part::TimeOfDay), QStringLiteral("09:30"));
+        QCOMPARE(german_.text(moment, Part::Day), QStringLiteral("08.01.2025"));
+        QCOMPARE(german_.text(moment, Part::TimeOfDay), QStringLiteral("09:30"));
     }
 
     void aMomentNoCalendarHoldsHasNoTextAndStaysAsItIs()
@@ -56,10 +56,10 @@ private slots:
         for (const double seconds : {1e308, -1e308, 1e15}) {
             const PointInTime moment{seconds};
 
-            QCOMPARE(german.text(moment, Part::Day), QString{});
-            QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("1.1.2025"), moment), moment);
-            QCOMPARE(german.stepped(moment, field(moment, Part::Day, 0), 1, moment), moment);
-            QCOMPARE(german.onDay(moment, german.today(), moment), moment);
+            QCOMPARE(german_.text(moment, Part::Day), QString{});
+            QCOMPARE(german_.typed(moment, Part::Day, QStringLiteral("1.1.2025"), moment), moment);
+            QCOMPARE(german_.stepped(moment, field(moment, Part::Day, 0), 1, moment), moment);
+            QCOMPARE(german_.onDay(moment, german_.today(), moment), moment);
         }
     }
 
@@ -68,19 +68,19 @@ private slots:
         const PointInTime moment = berlin(2025, 1, 8, 9, 30);
         const PointInTime later = berlin(2025, 1, 9, 9, 31);
 
-        QCOMPARE(german.valueOf(moment, Part::TimeOfDay), 9 * 60 + 30);
-        QCOMPARE(german.valueOf(later, Part::TimeOfDay), 9 * 60 + 31);
-        QCOMPARE(german.valueOf(later, Part::Day), german.valueOf(moment, Part::Day) + 1);
-        QCOMPARE(german.valueOf(PointInTime{1e308}, Part::TimeOfDay), 0);
+        QCOMPARE(german_.valueOf(moment, Part::TimeOfDay), 9 * 60 + 30);
+        QCOMPARE(german_.valueOf(later, Part::TimeOfDay), 9 * 60 + 31);
+        QCOMPARE(german_.valueOf(later, Part::Day), german_.valueOf(moment, Part::Day) + 1);
+        QCOMPARE(german_.valueOf(PointInTime{1e308}, Part::TimeOfDay), 0);
     }
 
     void secondsSurviveATypedDayAndATypedTime()
     {
         const PointInTime moment = berlin(2025, 1, 8, 9, 30, 15.25);
 
-        QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("9.2.2026"), moment),
+        QCOMPARE(german_.typed(moment, Part::Day, QStringLiteral("9.2.2026"), moment),
                  berlin(2026, 2, 9, 9, 30, 15.25));
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("18:05"), moment),
+        QCOMPARE(german_.typed(moment, Part::TimeOfDay, QStringLiteral("18:05"), moment),
                  berlin(2025, 1, 8, 18, 5, 15.25));
     }
 
@@ -88,17 +88,17 @@ private slots:
     {
         const PointInTime moment = berlin(2025, 1, 8, 9, 30, 15.25);
 
-        QCOMPARE(german.typed(moment, Part::Day, QStringLiteral("31.2."), moment), moment);
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("9:"), moment),
+        QCOMPARE(german_.typed(moment, Part::Day, QStringLiteral("31.2."), moment), moment);
+        QCOMPARE(german_.typed(moment, Part::TimeOfDay, QStringLiteral("9:"), moment),
                  berlin(2025, 1, 8, 9, 0, 15.25));
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral(":"), moment), moment);
+        QCOMPARE(german_.typed(moment, Part::TimeOfDay, QStringLiteral(":"), moment), moment);
     }
 
     void aTimeThatDaylightSavingSkipsMovesOnByTheGap()
     {
         const PointInTime moment = berlin(2025, 3, 30, 1, 15, 7);
 
-        QCOMPARE(german.typed(moment, Part::TimeOfDay, QStringLiteral("02:30"), moment),
+        QCOMPARE(german_.typed(moment, Part::TimeOfDay, QStringLiteral("02:30"), moment),
                  berlin(2025, 3, 30, 3, 30, 7));
     }
 
@@ -107,8 +107,8 @@ private slots:
         const PointInTime moment = berlin(2025, 3, 29, 2, 30, 7);
         const int day = field(moment, Part::Day, 0);
 
-        const PointInTime inGap = german.stepped(moment, day, 1, moment);
-        const PointInTime after = german.stepped(inGap, day, 1, moment);
+        const PointInTime inGap = german_.stepped(moment, day, 1, moment);
+        const PointInTime after = german_.stepped(inGap, day, 1, moment);
 
         QCOMPARE(inGap, berlin(2025, 3, 30, 3, 30, 7));
         QCOMPARE(after, berlin(2025, 3, 31, 2, 30, 7));
@@ -117,10 +117,10 @@ private slots:
     void anUntouchedTimeInTheHourThatComesTwiceStaysWhereItIs()
     {
         const PointInTime second = berlin(2025, 10, 26, 1, 30).advanced(2 * 3600);
-        QCOMPARE(german.text(second, Part::TimeOfDay), QStringLiteral("02:30"));
+        QCOMPARE(german_.text(second, Part::TimeOfDay), QStringLiteral("02:30"));
 
-        QCOMPARE(german.typed(second, Part::TimeOfDay, QStringLiteral("02:30"), second), second);
-        QCOMPARE(german.typed(second, Part::TimeOfDay, QStringLiteral("02:45"), second),
+        QCOMPARE(german_.typed(second, Part::TimeOfDay, QStringLiteral("02:30"), second), second);
+        QCOMPARE(german_.typed(second, Part::TimeOfDay, QStringLiteral("02:45"), second),
                  second.advanced(15 * 60));
     }
 
@@ -129,10 +129,10 @@ private slots:
         const PointInTime before = berlin(2025, 3, 30, 1, 30);
         const int hour = field(before, Part::TimeOfDay, 0);
 
-        const PointInTime after = german.stepped(before, hour, 1, before);
+        const PointInTime after = german_.stepped(before, hour, 1, before);
 
-        QCOMPARE(german.text(after, Part::TimeOfDay), QStringLiteral("03:30"));
-        QCOMPARE(german.stepped(after, hour, -1, after), before);
+        QCOMPARE(german_.text(after, Part::TimeOfDay), QStringLiteral("03:30"));
+        QCOMPARE(german_.stepped(after, hour, -1, after), before);
     }
 
     void fieldsAreStepped_data()
@@ -166,43 +166,43 @@ private slots:
 
         const int which = field(moment, static_cast<Part>(part), position);
 
-        QTEST(german.stepped(moment, which, steps, moment).secondsSinceReference(), "expected");
+        QTEST(german_.stepped(moment, which, steps, moment).secondsSinceReference(), "expected");
     }
 
     void steppingEndsAtTheYearsACalendarHas()
     {
         const PointInTime last = berlin(9999, 12, 31, 12, 0);
 
-        QCOMPARE(german.stepped(last, field(last, Part::Day, 0), 1, last), last);
-        QCOMPARE(german.stepped(last, field(last, Part::Day, 9), 1, last), last);
-        QCOMPARE(german.stepped(last, field(last, Part::TimeOfDay, 0), 12, last), last);
+        QCOMPARE(german_.stepped(last, field(last, Part::Day, 0), 1, last), last);
+        QCOMPARE(german_.stepped(last, field(last, Part::Day, 9), 1, last), last);
+        QCOMPARE(german_.stepped(last, field(last, Part::TimeOfDay, 0), 12, last), last);
     }
 
     void aFieldIsFoundAgainAfterItsTextGrew()
     {
         const PointInTime ninth = berlin(2025, 9, 9, 12, 0);
-        const int day = american.fieldAt(ninth, Part::Day, 3);
+        const int day = american_.fieldAt(ninth, Part::Day, 3);
 
-        const PointInTime tenth = american.stepped(ninth, day, 1, ninth);
+        const PointInTime tenth = american_.stepped(ninth, day, 1, ninth);
 
-        QCOMPARE(american.text(tenth, Part::Day), QStringLiteral("9/10/2025"));
+        QCOMPARE(american_.text(tenth, Part::Day), QStringLiteral("9/10/2025"));
         const TextRange expected{.start = 2, .end = 4};
-        QCOMPARE(american.section(tenth, Part::Day, day), expected);
+        QCOMPARE(american_.section(tenth, Part::Day, day), expected);
     }
 
     void todayIsTheDateInTheZoneAndNotInUniversalTime()
     {
-        clock.set(berlin(2025, 1, 9, 0, 30)); // Still the 8th in UTC.
+        clock_.set(berlin(2025, 1, 9, 0, 30)); // Still the 8th in UTC.
 
-        QCOMPARE(german.today(), dayNumber(2025, 1, 9));
+        QCOMPARE(german_.today(), dayNumber(2025, 1, 9));
     }
 
     void aPageBeginsWithTheLocalesFirstDayOfTheWeek()
     {
-        QCOMPARE(german.pageStart(dayNumber(2025, 1, 8)), dayNumber(2024, 12, 30));
-        QCOMPARE(american.pageStart(dayNumber(2025, 1, 8)), dayNumber(2024, 12, 29));
-        QCOMPARE(german.weekday(german.pageStart(dayNumber(2025, 1, 8))), QStringLiteral("M"));
-        QCOMPARE(german.pageStart(dayNumber(2025, 9, 30)), dayNumber(2025, 9, 1));
+        QCOMPARE(german_.pageStart(dayNumber(2025, 1, 8)), dayNumber(2024, 12, 30));
+        QCOMPARE(american_.pageStart(dayNumber(2025, 1, 8)), dayNumber(2024, 12, 29));
+        QCOMPARE(german_.weekday(german_.pageStart(dayNumber(2025, 1, 8))), QStringLiteral("M"));
+        QCOMPARE(german_.pageStart(dayNumber(2025, 9, 30)), dayNumber(2025, 9, 1));
     }
 
     void aPageIsTitledAsTheLocaleWritesAMonth_data()
@@ -224,34 +224,34 @@ private slots:
     void aPageIsTitledAsTheLocaleWritesAMonth()
     {
         QFETCH(const QString, locale);
-        const UserCalendar calendar{clock, QLocale{locale}};
+        const UserCalendar calendar{clock_, QLocale{locale}};
 
         QTEST(calendar.pageTitle(dayNumber(2025, 1, 8)), "title");
     }
 
     void aMonthLaterThanTheLastOfALongMonthIsTheLastOfAShortOne()
     {
-        QCOMPARE(german.monthsLater(dayNumber(2025, 1, 31), 1), dayNumber(2025, 2, 28));
-        QCOMPARE(german.monthsLater(dayNumber(2025, 1, 31), -2), dayNumber(2024, 11, 30));
+        QCOMPARE(german_.monthsLater(dayNumber(2025, 1, 31), 1), dayNumber(2025, 2, 28));
+        QCOMPARE(german_.monthsLater(dayNumber(2025, 1, 31), -2), dayNumber(2024, 11, 30));
     }
 
     void anotherDayIsPickedAtTheTimeThatWasAskedFor()
     {
         const PointInTime shifted = berlin(2025, 3, 30, 3, 30, 7);
 
-        QCOMPARE(german.onDay(shifted, dayNumber(2025, 4, 2), berlin(2025, 3, 29, 2, 30)),
+        QCOMPARE(german_.onDay(shifted, dayNumber(2025, 4, 2), berlin(2025, 3, 29, 2, 30)),
                  berlin(2025, 4, 2, 2, 30, 7));
     }
 
 private:
     [[nodiscard]] int field(PointInTime moment, Part part, int position) const
     {
-        return german.fieldAt(moment, part, position);
+        return german_.fieldAt(moment, part, position);
     }
 
-    HandMovedClock clock{berlin(2025, 1, 8, 9, 30), QByteArrayLiteral("Europe/Berlin")};
-    UserCalendar german{clock, QLocale{QStringLiteral("de_DE")}};
-    UserCalendar american{clock, QLocale{QStringLiteral("en_US")}};
+    HandMovedClock clock_{berlin(2025, 1, 8, 9, 30), QByteArrayLiteral("Europe/Berlin")};
+    UserCalendar german_{clock_, QLocale{QStringLiteral("de_DE")}};
+    UserCalendar american_{clock_, QLocale{QStringLiteral("en_US")}};
 };
 
 NORVANE_TEST(TestUserCalendar)
