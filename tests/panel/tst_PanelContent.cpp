@@ -118,5 +118,5 @@ private slots:
     }
 };
 
-NORVANE_TEST(TestPanelContent)
+NORVANE_GUI_TEST(TestPanelContent)
 #include "tst_PanelContent.moc"
