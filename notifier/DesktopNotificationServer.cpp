@@ -37,8 +37,8 @@ QDBusMessage message(const QString &method)
     return QDBusMessage::createMethodCall(service, path, service, method);
 }
 
-/// Whether a server sent it; other errors come from the bus, or from the library on this side.
-/// Their names tell: who sent an answer is nothing that Qt says in every version.
+/// Whether the answer came from a server; other errors come from the bus or from Qt. Told by the
+/// error's name, because Qt 6.8 leaves the sender of a reply empty.
 bool isFromServer(const QDBusMessage &answer)
 {
     const QString error = answer.errorName();

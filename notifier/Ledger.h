@@ -43,9 +43,9 @@ public:
         const QString &folder, std::function<void()> leftDisk = [] {});
 
     /// See LedgerStorage for these.
-    [[nodiscard]] bool open(std::chrono::milliseconds patience = std::chrono::seconds{3})
+    [[nodiscard]] bool open(std::chrono::milliseconds timeout = std::chrono::seconds{3})
     {
-        return storage_.open(patience);
+        return storage_.open(timeout);
     }
     LedgerStorage::Outcome transact(const std::function<void()> &work)
     {

@@ -44,7 +44,7 @@ public:
     /// Attaches the file for writing, also while another process uses it. False, with nothing
     /// attached, where that is not possible.
     [[nodiscard]] bool attachInUse(QSqlDatabase &database) const;
-    /// Has the process that uses the file notice that it has changed: it watches the folder.
+    /// Tells the process that uses the file, which watches the folder, that the file has changed.
     void tellOthers() const;
     /// Whether the attached file and its log are still those that their paths lead to. Looks at the
     /// paths only: a file of the same process that is opened and closed again would take SQLite's

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What the ledger says to its database. Here together, so that a file can be tried with all of it
+/// The ledger's SQL statements. They stand together so that all of them can be tried on a file
 /// before the first call is served.
 namespace norvane::ledgerStatements {
 

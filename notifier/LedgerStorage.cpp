@@ -69,7 +69,7 @@ LedgerStorage::~LedgerStorage()
     QSqlDatabase::removeDatabase(connection_);
 }
 
-bool LedgerStorage::open(std::chrono::milliseconds patience)
+bool LedgerStorage::open(std::chrono::milliseconds timeout)
 {
     const QString driver = QStringLiteral("QSQLITE");
     if (!QSqlDatabase::isDriverAvailable(driver)) {
@@ -82,7 +82,7 @@ bool LedgerStorage::open(std::chrono::milliseconds patience)
         return false;
     }
     execute(waitForOthers);
-    const LedgerDisk::State state = disk_.attach(database_, patience);
+    const LedgerDisk::State state = disk_.attach(database_, timeout);
     onDisk_ = state == LedgerDisk::State::Ready;
     if (state == LedgerDisk::State::InUse) {
         warnOfMemory();
@@ -184,7 +184,7 @@ bool LedgerStorage::goBackToDisk()
     holdsAll_ = holdsAll_ && disk_.stamp() == left_; // Another process may have handed over.
     execute(waitForNobody);
     const LedgerDisk::State state = disk_.attach(database_, {});
-    // Another process adds to the file as long as it has it.
+    // While another process has the file, it goes on adding to it.
     holdsAll_ = holdsAll_ && state != LedgerDisk::State::InUse;
     onDisk_ = state == LedgerDisk::State::Ready && copyToDisk();
     execute(waitForOthers);

@@ -39,8 +39,8 @@ public:
     ~LedgerStorage();
 
     /// False where there is no SQLite to work with, not even in memory. Otherwise it always opens;
-    /// for another process to let go of the file it waits, but no longer than `patience`.
-    [[nodiscard]] bool open(std::chrono::milliseconds patience);
+    /// it waits for another process to release the file, but no longer than `timeout`.
+    [[nodiscard]] bool open(std::chrono::milliseconds timeout);
     /// Applies the changes that `work` makes, all of them or none. It may be called a second time,
     /// when the first attempt came to nothing on disk.
     Outcome transact(const std::function<void()> &work);

@@ -20,7 +20,7 @@ BusLink::~BusLink()
 
 bool BusLink::open(const QString &address)
 {
-    // Under one name all would get the same connection.
+    // Qt shares connections of the same name, so this one gets a name of its own.
     const QString name = QUuid::createUuid().toString();
     const QDBusConnection bus =
         address.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)

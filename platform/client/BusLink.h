@@ -26,13 +26,13 @@ public:
     explicit BusLink(QObject *parent) : QObject{parent} {}
     ~BusLink() override;
 
-    /// Connects to the bus at the address; empty for the usual one. Whether there is one.
+    /// Connects to the bus at the address; empty means the usual one. False if there is no bus.
     [[nodiscard]] bool open(const QString &address);
     [[nodiscard]] bool isOpen() const noexcept { return bus_.has_value(); }
     /// Only while it is open.
     [[nodiscard]] const QDBusConnection &bus() const { return bus_.value(); }
 
-    /// Whether the centre itself answered a call, be it with an error, as against the bus.
+    /// Whether the answer came from the centre itself, even as an error, and not from the bus.
     [[nodiscard]] static bool isAnswerOfCentre(const QDBusError &error);
 
 signals:

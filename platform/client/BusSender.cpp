@@ -67,7 +67,7 @@ void BusSender::send(const CallQueue::Call &call)
     }
     calls_.append(call);
     if (!nextStep_.isActive()) {
-        // Once for all calls that come until then.
+        // One step sends all calls that arrive until then.
         nextStep_.start(state_ == State::NoCentre ? pause_ : 0ms);
     }
 }
@@ -82,7 +82,7 @@ void BusSender::flush(std::chrono::milliseconds timeout,
     nextStep_.stop();
     advance(); // Without the pause, if there is one.
     if (state_ == State::Confirming) {
-        sendBatch(); // Its answer will be the answer to what was sent before, too.
+        sendBatch(); // The centre answers in order, so this confirms the earlier batch too.
     }
     if (isOver()) {
         return;
@@ -216,7 +216,7 @@ void BusSender::startCentre()
 
 void BusSender::startFallback(const QDBusError &error)
 {
-    // Asked to start what is not installed, a bus does not look whether it runs all the same.
+    // A bus refuses to start a centre that is not installed, even if that centre is running.
     whenAnswered(
         callToBus(QStringLiteral("NameHasOwner"), {busNames::notificationCenter}),
         [this, error](const QDBusPendingReply<bool> &isOwned) {
@@ -257,7 +257,7 @@ void BusSender::sendBatch()
     });
 }
 
-/// The first time at once: the centre may have ended in order, or have been replaced.
+/// The first retry comes at once, because the centre may have ended normally or been replaced.
 void BusSender::retryLater()
 {
     if (calls_.hasWaiting()) {

@@ -22,8 +22,8 @@ public:
         QString method;
         QVariantList arguments;
 
-        /// As it goes over the bus. Never has the centre started: one that is started gets all
-        /// calls in order.
+        /// The message for the bus. It never starts the centre: a centre that starts gets all
+        /// waiting calls in order.
         [[nodiscard]] QDBusMessage message() const;
 
         friend bool operator==(const Call &, const Call &) = default;

@@ -241,7 +241,7 @@ void SimulatedWorld::loseFile(Centre &centre)
     }
     centre.isFileLost = true;
     file_ = {};
-    // Nobody else comes before it has noticed.
+    // The centre notices before anything else happens.
     centre.ledger->checkFile();
     expect(centre.ledger->isOnDisk(), "a lost file is written anew");
 }
