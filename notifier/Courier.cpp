@@ -51,13 +51,12 @@ Courier::Courier(Ledger &ledger, NotificationServer &server, const Clock &clock,
 
 void Courier::deliver()
 {
-    if (state_ == State::Delivering || isHeld_) {
+    if (isDelivering() || isHeld_) {
         return;
     }
     timer_.stop();
     std::optional<OutboxEntry> entry = next();
     if (!entry) {
-        state_ = State::Idle;
         troubles_.clear();
         emit emptied();
         return;
@@ -67,7 +66,6 @@ void Courier::deliver()
         waitFor(retry);
         return;
     }
-    state_ = State::Delivering;
     current_ = std::move(entry->request);
     server_.show(*current_);
 }
@@ -115,11 +113,9 @@ std::optional<OutboxEntry> Courier::firstToTry()
 
 void Courier::waitFor(const QDeadlineTimer &retry)
 {
-    state_ = State::Waiting;
-    // Never longer than the longest pause, so that what is not tried any more lapses in time.
-    const auto longest = std::chrono::nanoseconds{pauses_.longest};
-    const auto rest =
-        retry.isForever() ? longest : std::min(longest, retry.remainingTimeAsDuration());
+    // What is not tried any more is looked at all the same, so that it lapses in time.
+    const std::chrono::nanoseconds rest =
+        retry.isForever() ? pauses_.longest : retry.remainingTimeAsDuration();
     timer_.start(std::chrono::ceil<std::chrono::milliseconds>(rest));
 }
 
@@ -131,11 +127,9 @@ Courier::Trouble Courier::troubleOf(const NotificationRequest &request) const
 
 QDeadlineTimer Courier::pauseAfter(int failures) const
 {
-    std::chrono::milliseconds pause = pauses_.first;
-    for (int i = 1; i < failures && pause < pauses_.longest; ++i) {
-        pause *= 2;
-    }
-    return QDeadlineTimer{std::min(pause, pauses_.longest)};
+    constexpr int mostDoublings = 20; // Far over the longest pause, and no overflow.
+    const int factor = 1 << std::min(failures - 1, mostDoublings);
+    return QDeadlineTimer{std::min(pauses_.first * factor, pauses_.longest)};
 }
 
 void Courier::shown(const NotificationRequest &request)
@@ -147,8 +141,8 @@ void Courier::shown(const NotificationRequest &request)
     troubles_.erase(keyOf(request));
     serverFailures_ = 0;
     serverRetry_ = {};
-    if (state_ == State::Delivering && keyOf(request) == keyOf(*current_)) {
-        state_ = State::Idle;
+    if (isDelivering() && keyOf(request) == keyOf(*current_)) {
+        current_.reset();
         emit answered();
     }
     deliver();
@@ -157,11 +151,14 @@ void Courier::shown(const NotificationRequest &request)
 void Courier::failed(NotificationServer::Failure failure)
 {
     using enum NotificationServer::Failure;
-    state_ = State::Idle;
+    if (!isDelivering()) {
+        return; // The answer to an earlier attempt has come meanwhile.
+    }
+    const NotificationRequest given = *std::exchange(current_, {});
     if (failure == Unavailable) {
         serverRetry_ = pauseAfter(++serverFailures_);
     } else {
-        Trouble &trouble = troubles_[keyOf(*current_)];
+        Trouble &trouble = troubles_[keyOf(given)];
         trouble.refusals += failure == Refused ? 1 : 0;
         trouble.deaths += failure == Died ? 1 : 0;
         trouble.unanswered += failure == Unanswered ? 1 : 0;
@@ -177,7 +174,7 @@ void Courier::failed(NotificationServer::Failure failure)
 /// reminder that servers do not survive keeps its pause: it may be why they come and go.
 void Courier::serverAppeared()
 {
-    if (state_ == State::Delivering) {
+    if (isDelivering()) {
         return; // The attempt itself started the server.
     }
     serverFailures_ = 0;

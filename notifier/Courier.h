@@ -50,7 +50,7 @@ public:
     void release();
     [[nodiscard]] bool isEmpty() const;
     /// Whether the server has a reminder that it has not answered yet.
-    [[nodiscard]] bool isDelivering() const { return state_ == State::Delivering; }
+    [[nodiscard]] bool isDelivering() const { return current_.has_value(); }
 
 signals:
     /// There was nothing to deliver, or nothing is left.
@@ -59,12 +59,6 @@ signals:
     void answered();
 
 private:
-    enum class State {
-        Idle,       ///< Nothing to deliver.
-        Delivering, ///< The server has current_.
-        Waiting     ///< timer_ runs until something may be tried again.
-    };
-
     /// What happened to one reminder so far.
     struct Trouble {
         int refusals = 0;
@@ -89,10 +83,9 @@ private:
     NotificationServer &server_;
     const Clock &clock_;
     const Pauses pauses_;
-    State state_ = State::Idle;
     bool isHeld_ = false;
-    std::optional<NotificationRequest> current_;
-    QTimer timer_;
+    std::optional<NotificationRequest> current_; ///< What the server has and has not answered.
+    QTimer timer_;                               ///< Until something may be tried again.
     int serverFailures_ = 0; ///< In a row; what concerns the server, and so all reminders.
     QDeadlineTimer serverRetry_;
     std::map<QString, Trouble> troubles_; ///< By identifier and trigger.

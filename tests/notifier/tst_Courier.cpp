@@ -135,6 +135,23 @@ private slots:
         QCOMPARE(server_->given.count(QStringLiteral("a-1h")), 2);
     }
 
+    void aServerThatAppearsMakesThePauseShortAgain()
+    {
+        use({.first = 10ms, .longest = 1h});
+        courier_->deliver();
+        for (int attempts = 1; attempts <= 10; ++attempts) {
+            emit server_->failed(Unavailable);
+            emit server_->appeared();
+        }
+        QElapsedTimer time;
+        time.start();
+
+        emit server_->failed(Unavailable);
+
+        QVERIFY(wasGiven(12));
+        QVERIFY(time.elapsed() < 2000); // 10, and 10240 if it went on doubling.
+    }
+
     void aServerThatAppearsBecauseOfAnAttemptIsNotHurried()
     {
         QElapsedTimer time;
@@ -230,6 +247,23 @@ private slots:
         server_->take();
 
         QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
+    }
+
+    void aFailureAfterALateAnswerConcernsNobody()
+    {
+        use({.first = 0ms, .longest = 0ms});
+        courier_->deliver();
+        server_->take(); // Only the second one is left.
+        emit server_->failed(Unanswered);
+        QVERIFY(wasGiven(3));
+        server_->take();
+        QVERIFY(courier_->isEmpty());
+
+        emit server_->failed(Died);
+
+        put(QStringLiteral("c-1h"));
+        courier_->deliver();
+        QCOMPARE(server_->given.last(), QStringLiteral("c-1h"));
     }
 
     void whatIsSetBackIsGivenUpWithItsLead()

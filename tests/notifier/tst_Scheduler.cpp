@@ -237,6 +237,19 @@ private slots:
         QCOMPARE(outbox(), (QStringList{QStringLiteral("a-1"), QStringLiteral("a-2")}));
     }
 
+    void twoMinutesThatTheZoneMakesOneBothCome()
+    {
+        zone_->move("Europe/Berlin");
+        clock_.moment = sys_days{2026y / March / 28};
+        add(QStringLiteral("a-1"), u"2026-03-29T02:30"); // Skipped: comes at 3:00.
+        add(QStringLiteral("a-2"), u"2026-03-29T03:00");
+
+        clock_.moment = sys_days{2026y / March / 29} + 1h;
+        emit alarm_.fired();
+
+        QCOMPARE(outbox(), (QStringList{QStringLiteral("a-1"), QStringLiteral("a-2")}));
+    }
+
     void whatWasDeliveredIsRememberedForAWeek()
     {
         add(QStringLiteral("a-1h"), u"2026-07-01T12:00");
