@@ -106,6 +106,30 @@ def test_what_runs_norvane_brings_nothing_that_only_tests_need(machine):
         assert tests_own not in sentence
 
 
+def packages(*lists):
+    """The names in some of the lists, those of alternatives each."""
+    chosen, names = False, set()
+    for line in (ROOT / "scripts/packages.txt").read_text().splitlines():
+        if line.startswith("["):
+            chosen = line.strip("[]") in lists
+        elif chosen and not line.startswith("#"):
+            names |= set(line.split()[0].rstrip("?").split("|"))
+    return names
+
+
+@pytest.mark.parametrize(("checked", "lists"), [(False, ("build", "package")),
+                                                (True, ("run", "build", "test", "package"))])
+def test_the_lists_bring_all_that_the_debian_package_is_built_with(checked, lists):
+    field = re.search(r"^Build-Depends:(.*?)^\S", (ROOT / "debian/control.in").read_text(), re.M | re.S)[1]
+    needed = [entry for entry in field.split(",") if checked or "<!nocheck>" not in entry]
+    assert len(needed) > 10
+
+    for entry in needed:
+        names = {re.match(r"[^\s(]+", name.strip())[0].replace("debhelper-compat", "debhelper")
+                 for name in entry.split("|")}
+        assert names & packages(*lists), entry
+
+
 @pytest.mark.skipif(not shutil.which("apt-cache"), reason="no apt on this system")
 def test_every_name_is_a_real_package_of_this_release():
     lines = [line.split()[0] for line in (ROOT / "scripts/packages.txt").read_text().splitlines()
