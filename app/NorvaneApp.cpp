@@ -16,6 +16,7 @@
 #include "platform/client/DBusNotificationCenter.h"
 #include "platform/session/FolderLock.h"
 #include "platform/session/PortalAppearance.h"
+#include "platform/session/SpareMemory.h"
 #include "platform/session/StopSignals.h"
 #include "platform/session/SystemClock.h"
 #include "platform/session/ThreadPoolTasks.h"
@@ -106,6 +107,7 @@ int failAsSecondOfUser(const QDBusConnection &bus)
 
 int NorvaneApp::run(int &argc, char **argv)
 {
+    shareOneHeap();
     const StartRequest start = StartRequest::ofThisProcess();
     // The software renderer needs less memory and starts faster; the panel is too simple to gain
     // from a graphics card.

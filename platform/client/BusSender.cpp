@@ -5,6 +5,7 @@
 
 #include "platform/bus/BusNames.h"
 #include "platform/bus/PendingCall.h"
+#include "platform/session/SpareMemory.h"
 
 #include <QDBusPendingReply>
 #include <QEventLoop>
@@ -32,6 +33,9 @@ constexpr auto longestPause = 60s;
 
 /// Few enough for the centre to write them to the disk at once, many enough for thousands a second.
 constexpr std::size_t batchSize = 1'000;
+
+/// So many calls held enough memory to be worth giving it back.
+constexpr std::size_t callsOfBurst = 100;
 
 } // namespace
 
@@ -179,7 +183,10 @@ void BusSender::centreGone()
 
 void BusSender::batchConfirmed()
 {
-    calls_.confirm();
+    confirmed_ += calls_.confirm();
+    if (calls_.isEmpty() && std::exchange(confirmed_, 0) >= callsOfBurst) {
+        giveBackSpareMemory();
+    }
     pause_ = 0ms;
     enter(State::Ready);
     advance();

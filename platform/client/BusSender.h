@@ -105,6 +105,7 @@ private:
     BusLink link_;
     CallQueue calls_;
     std::size_t mostInBatch_;
+    std::size_t confirmed_ = 0; ///< Calls, since the queue was empty.
     QTimer nextStep_;     ///< Until advance() is called.
     QTimer startTimeout_; ///< Runs while the fallback program has not taken the name.
     std::chrono::milliseconds pause_{0};

@@ -34,9 +34,9 @@ std::vector<CallQueue::Call> CallQueue::takeBatch(std::size_t most)
     return batch;
 }
 
-void CallQueue::confirm()
+std::size_t CallQueue::confirm()
 {
-    sent_ = {}; // Assigned, since clear() would keep the memory.
+    return std::exchange(sent_, {}).size(); // Not clear(), which would keep the memory.
 }
 
 void CallQueue::takeBack()

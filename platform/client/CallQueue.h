@@ -36,8 +36,8 @@ public:
     void append(Call call) { waiting_.push_back(std::move(call)); }
     /// The next calls to send, at most so many. They count as sent from now on.
     [[nodiscard]] std::vector<Call> takeBatch(std::size_t most);
-    /// Forgets what was sent.
-    void confirm();
+    /// Forgets what was sent, and returns how many calls that were.
+    std::size_t confirm();
     /// Has what was sent wait again, in its place, less the adds that a later call withdraws: a
     /// request that is due must not be shown because it was added again.
     void takeBack();
