@@ -96,7 +96,6 @@ void DesktopNotificationServer::show(const NotificationRequest &request)
 
 void DesktopNotificationServer::askCapabilities()
 {
-    state_ = State::Asking;
     call(message(QStringLiteral("GetCapabilities")), static_cast<int>(timeout_.count()),
          [this](const QDBusMessage &answer) {
              if (answer.type() != QDBusMessage::ReplyMessage) {

@@ -43,8 +43,7 @@ private slots:
 
 private:
     enum class State {
-        Idle,
-        Asking,    ///< What the server can do.
+        Idle,      ///< Or asking what the server can do.
         Notifying, ///< The server has the notification, for no longer than the timeout.
         Hanging    ///< The same, for longer: it is asked whether it lives.
     };

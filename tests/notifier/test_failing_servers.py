@@ -46,6 +46,17 @@ def test_one_that_is_refused_does_not_delay_what_comes_later(notifier, server):
     assert server.wait_for(1, 2)[0].title == "later"
 
 
+def test_a_server_that_cannot_say_yet_what_it_reads_is_given_nothing_before(notifier, server):
+    server.behaviour = "unready"
+    notifier.start()
+    notifier.add("a-1h", this_minute(), title="first", body="A&B")
+    wait_until(lambda: server.attempts == 1, "the first question")
+
+    server.behaviour = "take"
+
+    assert server.wait_for(1)[0].body == "A&amp;B"
+
+
 def test_one_that_kills_the_server_does_not_keep_the_others_from_coming(bus, notifier, tmp_path):
     log = tmp_path / "shown"
     bus.install("org.freedesktop.Notifications",
@@ -149,7 +160,7 @@ def test_a_click_on_another_programs_notification_means_nothing(notifier, server
 
 @pytest.mark.parametrize("name, version, actions", [
     ("lxqt-notificationd", "1.1.0", []), ("lxqt-notificationd", "1.2.0", ["default", ""]),
-    ("Xfce Notify Daemon", "0.9.7", [])])
+    ("Xfce Notify Daemon", "0.9.7", []), ("another", "1.1.0", ["default", ""])])
 def test_a_server_that_would_draw_a_button_for_the_click_is_given_none(
         bus, notifier, name, version, actions):
     with NotificationServer(bus, capabilities=("body", "actions"), name=name,

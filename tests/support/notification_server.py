@@ -53,7 +53,8 @@ class NotificationServer:
 
     behaviour: "take" shows everything, "refuse" answers with an error, "ignore" never answers a
     notification and "mute" nothing at all, "distinct" refuses a text that came within the last
-    second already, "single" has room for one and closes it when the next comes.
+    second already, "single" has room for one and closes it when the next comes,
+    "unready" does not tell what it can do.
 
     `refused` are titles that it refuses whatever its behaviour. A title in `hung` it shows, and
     answers neither that nor anything else until resume().
@@ -135,6 +136,10 @@ class NotificationServer:
     def _called(self, _connection, sender, _path, _interface, method, arguments, invocation):
         if self.behaviour == "mute":
             self.attempts += 1
+            return
+        if self.behaviour == "unready":
+            self.attempts += 1
+            invocation.return_dbus_error("org.freedesktop.Notifications.Error.Unready", "Not yet")
             return
         if method == "GetCapabilities":
             invocation.return_value(GLib.Variant("(as)", (list(self.capabilities),)))
