@@ -55,6 +55,8 @@ endforeach()
 function(install_template template folder name)
     configure_file("${source}/${template}.in" "${build}/installed/${name}" @ONLY)
     file(INSTALL "${build}/installed/${name}" DESTINATION "${folder}")
+    # What is installed here belongs into install_manifest.txt, which tells how to remove it again.
+    set(CMAKE_INSTALL_MANIFEST_FILES "${CMAKE_INSTALL_MANIFEST_FILES}" PARENT_SCOPE)
 endfunction()
 install_template(org.norvane.Norvane.desktop "${data}/applications" org.norvane.Norvane.desktop)
 install_template(org.norvane.Norvane.service "${data}/dbus-1/services" org.norvane.Norvane.service)

@@ -48,6 +48,12 @@ def test_it_brings_what_a_desktop_expects(root, path):
     assert (root / path).is_file()
 
 
+def test_the_list_of_what_was_installed_names_every_file_that_is_to_be_removed(root):
+    listed = {line.lstrip("/") for line in (BUILD / "install_manifest.txt").read_text().splitlines()}
+
+    assert {str(path.relative_to(root)) for path in root.rglob("*") if path.is_file()} == listed
+
+
 def elf(root, program, *what):
     return subprocess.run(["readelf", "--wide", *what, root / "usr/local" / program], check=True,
                           capture_output=True, text=True).stdout
@@ -93,13 +99,14 @@ def test_a_desktop_entry_is_valid(root, folder, entry):
     assert (answer.returncode, answer.stdout) == (0, "")
 
 
-def test_the_notifiers_unit_is_valid(root, folder):
-    unit = folder / "norvane-notifier.service"
+def test_the_notifiers_unit_is_valid(root, tmp_path):
+    """In a folder with a short name: the system's own units are read, too, and put sockets there."""
+    unit = tmp_path / "norvane-notifier.service"
     installed = (root / "usr/local/lib/systemd/user/norvane-notifier.service").read_text()
     unit.write_text(installed.replace("ExecStart=/", f"ExecStart={root}/"))
 
     answer = subprocess.run(["systemd-analyze", "--user", "--man=no", "verify", unit], capture_output=True,
-                            text=True, check=False, env={**os.environ, "XDG_RUNTIME_DIR": str(folder)})
+                            text=True, check=False, env={**os.environ, "XDG_RUNTIME_DIR": str(tmp_path)})
 
     assert (answer.returncode, answer.stderr) == (0, "")
 
