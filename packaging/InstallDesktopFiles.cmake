@@ -72,3 +72,6 @@ file(INSTALL "${source}/icons/16/org.norvane.Norvane.svg"
     DESTINATION "${data}/icons/hicolor/16x16/apps")
 file(INSTALL "${source}/icons/symbolic/org.norvane.Norvane-symbolic.svg"
     DESTINATION "${data}/icons/hicolor/symbolic/apps")
+# Programs take an icon from 22x22 for 24 pixels too, and never look into 24x24 then.
+file(INSTALL "${source}/icons/symbolic-22/org.norvane.Norvane-symbolic.svg"
+    DESTINATION "${data}/icons/hicolor/22x22/apps")

@@ -23,18 +23,17 @@ QImage tinted(QImage shapes, const QColor &color)
     return shapes;
 }
 
-/// The drawing for this size, in this many whole times its own pixels, with what remains as margin.
+/// There is a drawing for each of the small sizes; the larger sizes are whole multiples of the
+/// smallest one.
 QImage shapes(const QString &iconName, int size)
 {
-    constexpr int small = 16;
-    constexpr int medium = 22;
-    const int own = size % small == 0 ? small : medium;
+    constexpr int smallest = 16;
+    const int drawn = size % smallest == 0 ? smallest : size;
     QImage image{size, size, QImage::Format_ARGB32_Premultiplied};
     image.fill(Qt::transparent);
-    const int side = own * (size / own);
     QPainter painter{&image};
-    QSvgRenderer{QStringLiteral(":/norvane/icons/%1/%2.svg").arg(own).arg(iconName)}.render(
-        &painter, QRectF((size - side) / 2.0, (size - side) / 2.0, side, side));
+    QSvgRenderer{QStringLiteral(":/norvane/icons/%1/%2.svg").arg(drawn).arg(iconName)}.render(
+        &painter);
     return image;
 }
 

@@ -38,6 +38,7 @@ def root(folder):
     f"{SHARE}/dbus-1/services/org.norvane.Norvane.service",
     f"{SHARE}/dbus-1/services/org.norvane.NotificationCenter.service",
     f"{SHARE}/icons/hicolor/16x16/apps/org.norvane.Norvane.svg",
+    f"{SHARE}/icons/hicolor/22x22/apps/org.norvane.Norvane-symbolic.svg",
     f"{SHARE}/icons/hicolor/scalable/apps/org.norvane.Norvane.svg",
     f"{SHARE}/icons/hicolor/symbolic/apps/org.norvane.Norvane-symbolic.svg",
     f"{SHARE}/man/man8/norvane-notifier.8",

@@ -127,6 +127,28 @@ private slots:
         }
     }
 
+    void itsStraightLinesLieOnWholePixels()
+    {
+        StatusNotifierItem item{QDBusConnection::sessionBus()};
+        item.setImage(QStringLiteral("org.norvane.Norvane-symbolic"), QStringLiteral("Norvane"));
+
+        for (const IconPixmap &pixmap : item.iconPixmap()) {
+            int white = 0;
+            // In this corner there is only the square dot of the exclamation mark.
+            for (int y = pixmap.height * 3 / 4; y < pixmap.height; ++y) {
+                for (int x = pixmap.width * 3 / 4; x < pixmap.width; ++x) {
+                    const qsizetype pixel = 4 * (qsizetype{y} * pixmap.width + x);
+                    const auto grey = static_cast<uchar>(pixmap.argb[pixel + 1]);
+                    const bool covered = pixmap.argb[pixel] != '\0';
+                    QVERIFY2(!covered || grey <= 0x50 || grey >= 0xf0,
+                             qPrintable(QStringLiteral("%1: %2").arg(pixmap.width).arg(grey)));
+                    white += covered && grey >= 0xf0 ? 1 : 0;
+                }
+            }
+            QVERIFY(white >= 4);
+        }
+    }
+
     void itsPixelsStandInTheMiddle()
     {
         StatusNotifierItem item{QDBusConnection::sessionBus()};
