@@ -164,6 +164,18 @@ PanelTest {
         fixture.translate("", "")
     }
 
+    function test_whatOpensIsThereAtOnce_data() {
+        return [{ tag: "alert", ways: [["Delete", "Acme"]] }, { tag: "calendar", ways: [["Add Trial"], ["Choose a day"]] }]
+    }
+    function test_whatOpensIsThereAtOnce(data) {
+        open([{ name: "Acme", hours: 73, cost: 0 }])
+        for (const [name, description] of data.ways)
+            click(name, description)
+        const atOnce = grabImage(test.Window.contentItem)
+        wait(300) // Longer than a fade would take.
+        verify(grabImage(test.Window.contentItem).equals(atOnce))
+    }
+
     function test_trackTrialIsInTheAccentColourOnceItCanBePressed() {
         open([])
         fixture.setAccent("#7a1fa2")
