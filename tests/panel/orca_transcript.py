@@ -24,14 +24,14 @@ FIELD = Path(__file__).with_name("accessible_field.py")
 
 # What the accessibility library calls a role, from this version of it on.
 SHARED_WORDS = {"notification": "notification", "dialog": "dialog", "text": "text", "frame": "frame",
-                "spin": "spin button", "panel": "panel"}
+                "spin": "spin button", "panel": "panel", "item": "list item"}
 ROLE_WORDS = [
     ((2, 0), SHARED_WORDS | {"button": "push button"}),
     ((2, 56), SHARED_WORDS | {"button": "button"}),
 ]
 
 ENGLISH = {
-    "active": "Norvane, 1 active",
+    "active": "Norvane, 10 active",
     "name": "Service name",
     "hint": "e.g. Netflix, Canva Pro",
     "add": "Add Trial",
@@ -40,6 +40,7 @@ ENGLISH = {
     "acme": "Acme Cloud, 2d left, $9.50",
     "radio": "Radio Norte, -1d left",
     "canva": "Canva Pro, 6d left",
+    "service": "Service {}, 8d left, $5.00",
     "place": "{} of {}",
     "delete": "Delete",
     "cancel": "Cancel",
@@ -49,7 +50,7 @@ ENGLISH = {
 }
 # Numbers and names are set apart from the direction of the text around them.
 ARABIC = {
-    "active": "Norvane, النشطة: 1",
+    "active": "Norvane, النشطة: 10",
     "name": "اسم الخدمة",
     "hint": "مثلًا Netflix، \u200fCanva Pro",
     "add": "إضافة فترة تجريبية",
@@ -58,6 +59,7 @@ ARABIC = {
     "acme": "Acme Cloud, متبقٍّ: \u20662\u2069 ي, $9.50",
     "radio": "Radio Norte, متبقٍّ: \u2066-1\u2069 ي",
     "canva": "Canva Pro, متبقٍّ: \u20666\u2069 ي",
+    "service": "Service {}, متبقٍّ: \u20668\u2069 ي, $5.00",
     "place": "{} من {}",
     "delete": "حذف",
     "cancel": "إلغاء",
@@ -66,8 +68,8 @@ ARABIC = {
     "deleted": "تم حذف Canva Pro",
 }
 
-END_OF_TRIALS = {"Acme Cloud": 2.5, "Radio Norte": -1.5}
-COSTS = {"Acme Cloud": 9.5, "Radio Norte": 0}
+# The trials that there are at first, with the days until they end and their cost: more than the panel has room for.
+TRIALS = [("Acme Cloud", 2.5, 9.5), ("Radio Norte", -1.5, 0), *((f"Service {place}", 8.5, 5) for place in range(3, 12))]
 
 
 def role_words():
@@ -82,22 +84,28 @@ def write_trials(file):
     now = time.time() - 978307200  # A trials file counts from 2001.
     file.parent.mkdir(parents=True)
     file.write_text(json.dumps([
-        {"id": str(uuid.uuid4()), "name": name, "endDate": now + days * 86400, "cost": COSTS[name],
+        {"id": str(uuid.uuid4()), "name": name, "endDate": now + days * 86400, "cost": cost,
          "notes": "", "createdAt": now, "notificationIds": []}
-        for name, days in END_OF_TRIALS.items()
+        for name, days, cost in TRIALS
     ]))
 
 
 def steps(say):
     """The keys of a session, and what is to be heard after each.
 
-    `say` has Norvane's own words; in braces are Orca's words for a role.
+    `say` has Norvane's own words; in braces are Orca's words for a role. Orca tells where one is when it is asked
+    by the keypad's Enter key.
     """
     def row(trial, place, count):
-        return [say[trial], say["place"].format(place, count)]
+        sentence = say["service"].format(trial) if isinstance(trial, int) else say[trial]
+        return [sentence, say["place"].format(place, count)]
 
     def arriving(trial, place, count):
         return [say["list"], f"List with {count} items", *row(trial, place, count)]
+
+    def asked_where_one_is(trial, place, count):
+        sentence, told = row(trial, place, count)
+        return ["{item}", sentence, f"{place} of {count}", told]  # Orca counts the rows itself, too.
 
     add, quit_ = say["add"] + " {button}", say["quit"] + " {button}"
     name_field = [say["name"] + " {text}", say["hint"]]
@@ -107,19 +115,30 @@ def steps(say):
         ("ctrl+Escape", [add]),
         ("Return", name_field),
         ("type Canva Pro", []),
+        ("hold ctrl Left", ["Pro"]),
+        ("hold ctrl Right", ["Pro"]),
         ("ctrl+Return", [add, "{notification} " + say["added"]]),
         ("Tab", [quit_]),
-        ("Tab", arriving("acme", 1, 3)),
-        ("Down", row("radio", 2, 3)),
+        ("Tab", arriving("acme", 1, 12)),
+        ("Down", row("radio", 2, 12)),
+        ("KP_Enter", asked_where_one_is("radio", 2, 12)),
         ("inward", [delete, "Radio Norte"]),
-        ("Down", row("canva", 3, 3)),
-        ("Up", row("radio", 2, 3)),
-        ("End", row("canva", 3, 3)),
+        ("Down", row(3, 3, 12)),
+        ("Up", row("radio", 2, 12)),
+        ("End", row("canva", 12, 12)),
+        ("Up", row(11, 11, 12)),
+        ("Down", row("canva", 12, 12)),
+        ("KP_Enter", asked_where_one_is("canva", 12, 12)),
         ("Delete", [say["question"], cancel]),
-        ("Escape", arriving("canva", 3, 3)),
+        ("Escape", arriving("canva", 12, 12)),
         ("Delete", [say["question"], cancel]),
         ("Tab", [delete]),
-        ("Return", ["{notification} " + say["deleted"], *arriving("radio", 2, 2)]),
+        ("Return", ["{notification} " + say["deleted"], *arriving(11, 11, 11)]),
+        ("KP_Enter", asked_where_one_is(11, 11, 11)),
+        ("Up", row(10, 10, 11)),
+        ("Home", row("acme", 1, 11)),
+        ("Down", row("radio", 2, 11)),
+        ("KP_Enter", asked_where_one_is("radio", 2, 11)),
         ("Tab", [delete, "Radio Norte"]),
         ("Tab", [add]),
         ("Tab", [quit_]),
@@ -166,10 +185,15 @@ def walk(desktop, program, say, inward, **language):
                 # Beside a screen reader a shortcut overtakes letters that were typed before it.
                 read = ("/usr/bin/python3", FIELD, "read", "Norvane", say["name"])
                 wait_until(lambda: desktop.run(*read) == text, f"{text!r} in its field")
+            elif keys.startswith("hold "):
+                # Orca looks at what is held when it speaks, which is later.
+                desktop.run("xdotool", "keydown", keys.split()[1], "key", keys.split()[2])
             elif keys != "open":
                 desktop.key(inward if keys == "inward" else keys)
             expected = [line.format(**words) for line in expected]
             heard = orca.hear(*expected)
+            if keys.startswith("hold "):
+                desktop.run("xdotool", "keyup", keys.split()[1])
             assert heard == expected, f"after {keys}: {heard}, not {expected}"
 
         listen("open", ["Norvane {frame}", say["add"] + " {button}", "{notification} " + say["active"]])
