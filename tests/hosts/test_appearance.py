@@ -157,6 +157,26 @@ def test_more_contrast_is_followed(desktop):
     desktop.stop(portal.process)
 
 
+def test_a_desktop_with_colours_of_its_own_keeps_them(desktop):
+    """Plasma's are in a file, which Qt reads there."""
+    settings = desktop.home / ".config/kdeglobals"
+    settings.parent.mkdir(parents=True, exist_ok=True)
+    settings.write_text("".join(
+        f"[Colors:{part}]\nBackgroundNormal={ground}\nForegroundNormal={text}\n"
+        for part, ground, text in (("Window", "255,228,181", "40,20,0"), ("View", "255,250,240", "40,20,0"),
+                                   ("Button", "250,235,215", "40,20,0"), ("Selection", "139,69,19", "255,255,255"))))
+    with Shell(desktop, XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true", KDE_SESSION_VERSION="5") as shell:
+        desktop.run(PROGRAM)
+        shell.wait_keyboard()
+        popover = Popover(shell)
+        wait_until(lambda: popover.colors().get("ffe4b5", 0) > 50_000, "the desktop's background")
+        desktop.click_on("push button", "Add Trial")
+        desktop.type("Acme")
+        wait_until(lambda: popover.colors().get("8b4513", 0) > 500, "the button in the desktop's colour")
+        assert popover.colors().get("fffaf0", 0) > 500, "the fields have another background"
+    settings.unlink()
+
+
 class CompositingManager:
     """What tells programs that windows shine through; it draws nothing."""
 
