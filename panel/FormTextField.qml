@@ -63,8 +63,8 @@ T.TextField {
     rightPadding: 7
     font: Theme.body
     color: Theme.fieldText
-    selectionColor: Theme.highlight
-    selectedTextColor: Theme.highlightedText
+    selectionColor: Theme.accentGround
+    selectedTextColor: Theme.accentText
     placeholderTextColor: Theme.fieldHint
     selectByMouse: true
     hoverEnabled: true

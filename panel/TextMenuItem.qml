@@ -22,7 +22,7 @@ T.MenuItem {
     Keys.onEnterPressed: root.triggered()
 
     background: Rectangle {
-        color: root.highlighted ? Theme.highlight : "transparent"
+        color: root.highlighted ? Theme.accentGround : "transparent"
         radius: Theme.corner
     }
     contentItem: Text {
@@ -30,7 +30,7 @@ T.MenuItem {
         text: root.text
         textFormat: Text.PlainText
         font: root.font
-        color: root.highlighted ? Theme.highlightedText : Theme.primary
+        color: root.highlighted ? Theme.accentText : Theme.primary
         opacity: root.enabled ? 1 : 0.45
         Accessible.ignored: true
     }

@@ -45,14 +45,14 @@ QtObject {
     readonly property color fieldText: theme.readable(theme.palette.text, theme.field)
     readonly property color fieldHint: theme.readable(theme.secondary, theme.field)
     readonly property color highlight: theme.palette.highlight
-    readonly property color highlightedText: theme.readable(theme.palette.highlightedText, theme.highlight)
     readonly property color separator: Contrast.blended(theme.primary, Contrast.more ? 0.5 : 0.12, theme.background)
     // The line around the window, visible against any window behind it.
     readonly property color frame: Contrast.blended(theme.primary, Contrast.more ? 0.8 : 0.22, theme.background)
     readonly property color outline: theme.outlined(Contrast.blended(theme.primary, 0.3, theme.background), theme.bezel)
     // The desktop's accent colour: as lines on the background, and as a ground for text.
     readonly property color accent: theme.outlined(theme.highlight, theme.field)
-    readonly property color accentText: Contrast.onGround(theme.highlight)
+    readonly property color accentText: Contrast.ratio(theme.palette.highlightedText, theme.highlight) >= theme.textRatio
+        ? theme.palette.highlightedText : Contrast.onGround(theme.highlight)
     readonly property color accentGround: theme.readable(theme.highlight, theme.accentText)
     readonly property color dangerGround: Contrast.blended(theme.red.symbol, 0.1, theme.bezel)
     readonly property color dangerText: theme.readable(theme.red.text, theme.dangerGround)

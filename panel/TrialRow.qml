@@ -147,7 +147,7 @@ Item {
     }
 
     FocusRing {
-        anchors { fill: parent; margins: 1 }
+        anchors { fill: parent; margins: 1; leftMargin: 8; rightMargin: 8 }
         visible: LastInput.isKey && root.activeFocus
     }
     HoverHandler { id: pointer }

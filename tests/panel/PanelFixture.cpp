@@ -259,15 +259,10 @@ void PanelFixture::settle(QQuickItem *anywhere) const
     anywhere->window()->grabWindow();
 }
 
-QStringList PanelFixture::faintTexts(QQuickItem *below, double wanted) const
+QStringList PanelFixture::faintOnes(QQuickItem *below, double wantedOfText,
+                                    double wantedOfSymbol) const
 {
-    return norvane::faintTexts(below, wanted, below->window()->grabWindow());
-}
-
-double PanelFixture::edgeContrast(QQuickItem *item) const
-{
-    const double middle = item->height() / 2;
-    return Contrast::ratio(shownColor(item, {0.5, middle}), shownColor(item, {-1.5, middle}));
+    return norvane::faintOnes(below, wantedOfText, wantedOfSymbol, below->window()->grabWindow());
 }
 
 QColor PanelFixture::pixel(QQuickItem *item, double x, double y) const

@@ -67,11 +67,10 @@ public:
     /// Lays out and draws what is still to be.
     Q_INVOKABLE void settle(QQuickItem *anywhere) const;
 
-    /// The texts below an item, as the screen shows them, that differ from what is around them by
-    /// less than this ratio. What cannot be pressed may be faint.
-    Q_INVOKABLE [[nodiscard]] QStringList faintTexts(QQuickItem *below, double wanted) const;
-    /// The ratio that an item's left edge has on the screen to what is left of it.
-    Q_INVOKABLE [[nodiscard]] double edgeContrast(QQuickItem *item) const;
+    /// The texts and symbols below an item, as the screen shows them, that differ from what is
+    /// around them by less than these ratios. What cannot be pressed may be faint.
+    Q_INVOKABLE [[nodiscard]] QStringList faintOnes(QQuickItem *below, double wantedOfText,
+                                                    double wantedOfSymbol) const;
     /// The colour on the screen at a place in an item.
     Q_INVOKABLE [[nodiscard]] QColor pixel(QQuickItem *item, double x, double y) const;
 

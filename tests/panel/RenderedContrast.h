@@ -44,25 +44,29 @@ inline double strongestContrast(const QImage &image)
     return strongest;
 }
 
-/// The texts below an item that differ from their ground on this picture of the window by less than
-/// the ratio, each with its own. What cannot be pressed may be faint.
-inline QStringList faintTexts(const QQuickItem *below, double wanted, const QImage &window)
+/// The texts and symbols below an item that differ from their ground on this picture of the window
+/// by less than their ratios, each with its own. What cannot be pressed may be faint.
+inline QStringList faintOnes(const QQuickItem *below, double wantedOfText, double wantedOfSymbol,
+                             const QImage &window)
 {
     QStringList faint;
     if (!below->isVisible() || !below->isEnabled()) {
         return faint;
     }
-    const QString text = below->property("text").toString();
+    const bool isSymbol = below->inherits("norvane::Symbol");
+    const QString shown = below->inherits("QQuickText") ? below->property("text").toString()
+                          : isSymbol                    ? below->property("name").toString()
+                                                        : QString{};
     const QRect place =
         below->mapRectToScene(below->boundingRect()).toAlignedRect() & window.rect();
-    if (below->inherits("QQuickText") && !text.isEmpty() && !place.isEmpty()) {
+    if (!shown.isEmpty() && !place.isEmpty()) {
         const double found = strongestContrast(window.copy(place));
-        if (found < wanted) {
-            faint.append(QStringLiteral("%1: %2").arg(text).arg(found));
+        if (found < (isSymbol ? wantedOfSymbol : wantedOfText)) {
+            faint.append(QStringLiteral("%1: %2").arg(shown).arg(found));
         }
     }
     for (const QQuickItem *const child : below->childItems()) {
-        faint.append(faintTexts(child, wanted, window));
+        faint.append(faintOnes(child, wantedOfText, wantedOfSymbol, window));
     }
     return faint;
 }

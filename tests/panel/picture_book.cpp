@@ -4,18 +4,14 @@
 #include "panel/DesktopPalette.h"
 #include "panel/Translation.h"
 #include "tests/panel/ChosenAppearance.h"
-#include "tests/panel/PanelOnFakes.h"
+#include "tests/panel/PanelPicture.h"
 
 #include <QCommandLineParser>
 #include <QDir>
 #include <QGuiApplication>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickView>
-#include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <functional>
+#include <array>
 
 Q_IMPORT_QML_PLUGIN(org_norvane_panelPlugin)
 
@@ -32,12 +28,22 @@ Trial trial(const QString &name, double hoursLeft, double cost)
                        PanelOnFakes::start);
 }
 
+QList<Trial> none()
+{
+    return {};
+}
+
 QList<Trial> several()
 {
     return {trial(QStringLiteral("Netflix"), 9 * 24 + 1, 15.49),
             trial(QStringLiteral("Canva Pro"), 3 * 24 + 1, 12.99),
             trial(QStringLiteral("Acme Cloud"), 36, 9.5),
             trial(QStringLiteral("Radio Norte"), 20, 0)};
+}
+
+QList<Trial> one()
+{
+    return {several().first()};
 }
 
 QList<Trial> many()
@@ -65,135 +71,168 @@ QList<Trial> longNames()
             trial(QStringLiteral("خدمة البث التجريبية"), 100, 7)};
 }
 
-/// One panel in its window, and the hands of a user.
-class Picture {
-public:
-    Picture(const QList<Trial> &trials, const QLocale &locale)
-        : panel_{trials, QByteArrayLiteral("Europe/Berlin"), locale}
-    {
-        view_.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
-        QQmlEngine::setObjectOwnership(&panel_.content(), QQmlEngine::CppOwnership);
-        view_.setResizeMode(QQuickView::SizeRootObjectToView);
-        view_.setInitialProperties(
-            {{QStringLiteral("content"), QVariant::fromValue(&panel_.content())}});
-        view_.setSource(QUrl{QStringLiteral("qrc:/qt/qml/org/norvane/panel/ContentView.qml")});
-        view_.resize(360, 420);
-        view_.show();
-        view_.requestActivate();
-        if (!QTest::qWaitForWindowActive(&view_)) {
-            qFatal("The window does not come up");
-        }
-    }
-
-    /// The visible button with this text on it, or said of it.
-    [[nodiscard]] QQuickItem *button(const QString &text) const
-    {
-        QList<QQuickItem *> items{view_.contentItem()};
-        for (qsizetype i = 0; i < items.size(); ++i) {
-            QQuickItem *const item = items.at(i);
-            if (item->inherits("QQuickAbstractButton") && item->isVisible() &&
-                item->property("text").toString() == text) {
-                return item;
-            }
-            items += item->childItems();
-        }
-        qFatal("There is no button %s", qUtf8Printable(text));
-    }
-    void pointAt(const QQuickItem *item)
-    {
-        QTest::mouseMove(&view_, item->mapToScene(item->boundingRect().center()).toPoint());
-    }
-    void press(const QQuickItem *item)
-    {
-        QTest::mousePress(&view_, Qt::LeftButton, {},
-                          item->mapToScene(item->boundingRect().center()).toPoint());
-    }
-    /// Until what shows itself to a resting pointer does.
-    static void rest() { QTest::qWait(900); }
-
-    /// From "Add Trial", which has the keyboard at first, over "Quit" to the first row.
-    void goToFirstRow()
-    {
-        key(Qt::Key_Tab);
-        key(Qt::Key_Tab);
-    }
-    void call(const char *function) { QMetaObject::invokeMethod(view_.rootObject(), function); }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(&view_, key, modifiers);
-    }
-    void type(const QString &text)
-    {
-        for (const QChar letter : text) {
-            QTest::keyClick(&view_, letter.toLatin1());
-        }
-    }
-
-    void save(const QString &path)
-    {
-        if (!view_.grabWindow().save(path)) {
-            qFatal("Cannot write %s", qUtf8Printable(path));
-        }
-    }
-
-private:
-    PanelOnFakes panel_;
-    QQuickView view_;
+struct State {
+    const char *name;
+    QList<Trial> (*trials)();
+    void (*reach)(PanelPicture &panel);
 };
 
-/// What controls look like under the pointer, pressed, and with the keyboard. The first button of
-/// the panel is its first row's trash button, the next ones come in their order.
-void drawStates(const QLocale &locale, const std::function<QString(const char *)> &path)
-{
-    {
-        Picture row{longNames(), locale};
-        QQuickItem *const trash = row.button(QCoreApplication::translate("TrialRow", "Delete"));
-        row.pointAt(trash);
-        Picture::rest();
-        row.save(path("hover-trash"));
-        row.press(trash);
-        row.save(path("pressed-trash"));
-    }
-    {
-        Picture row{longNames(), locale};
-        const QQuickItem *const trash =
-            row.button(QCoreApplication::translate("TrialRow", "Delete"));
-        row.pointAt(trash->parentItem()->childItems().at(1));
-        Picture::rest();
-        row.save(path("hover-name"));
-    }
-    {
-        Picture form{several(), locale};
-        form.call("showForm");
-        form.type(QStringLiteral("Radio Sur"));
-        QQuickItem *const track =
-            form.button(QCoreApplication::translate("FormActions", "Track Trial"));
-        form.pointAt(track);
-        form.save(path("hover-track"));
-        form.press(track);
-        form.save(path("pressed-track"));
-    }
-    {
-        Picture form{several(), locale};
-        form.call("showForm");
-        form.pointAt(form.button(QCoreApplication::translate("FormActions", "Cancel")));
-        form.save(path("hover-cancel"));
-        form.type(QStringLiteral("Radio Sur"));
-        for (int tabs = 0; tabs < 5; ++tabs) {
-            form.key(Qt::Key_Tab);
-        }
-        form.save(path("focus-cancel"));
-        form.key(Qt::Key_Tab);
-        form.save(path("focus-track"));
-    }
-    {
-        Picture alert{several(), locale};
-        alert.goToFirstRow();
-        alert.key(Qt::Key_Delete);
-        alert.pointAt(alert.button(QCoreApplication::translate("AlertContent", "Delete")));
-        alert.save(path("hover-delete"));
-    }
-}
+/// What there is to see, and how a user comes to see it.
+constexpr std::array states{
+    State{"empty", none, [](PanelPicture &) {}},
+    State{"one", one, [](PanelPicture &) {}},
+    State{"several", several, [](PanelPicture &) {}},
+    State{"many", many, [](PanelPicture &) {}},
+    State{"ended", ended, [](PanelPicture &) {}},
+    State{"long-name", longNames, [](PanelPicture &) {}},
+    State{"form-empty", none, [](PanelPicture &panel) { panel.showForm(); }},
+    State{"form", several,
+          [](PanelPicture &panel) {
+              panel.fillForm();
+              panel.tab(1);
+              panel.key(Qt::Key_Up);
+          }},
+    State{"calendar", several, [](PanelPicture &panel) { panel.openCalendar(); }},
+    State{"alert", several, [](PanelPicture &panel) { panel.ask(); }},
+    State{"alert-long-name", longNames, [](PanelPicture &panel) { panel.ask(); }},
+    State{"alert-arabic-name", longNames,
+          [](PanelPicture &panel) {
+              panel.goToFirstRow();
+              panel.key(Qt::Key_End);
+              panel.key(Qt::Key_Delete);
+          }},
+    State{"menu", several,
+          [](PanelPicture &panel) {
+              panel.fillForm();
+              panel.openMenu();
+              panel.key(Qt::Key_Down);
+          }},
+    State{"hover-row", several, [](PanelPicture &panel) { panel.pointAt("UrgencyBadge", "", 1); }},
+    State{"hover-trash", longNames,
+          [](PanelPicture &panel) {
+              panel.pointAt("TrialRow", "Delete");
+              PanelPicture::rest();
+          }},
+    State{"hover-name", longNames,
+          [](PanelPicture &panel) {
+              panel.pointAtCutText();
+              PanelPicture::rest();
+          }},
+    State{"hover-add", several,
+          [](PanelPicture &panel) { panel.pointAt("PanelFooter", "Add Trial"); }},
+    State{"hover-quit", several, [](PanelPicture &panel) { panel.pointAt("PanelFooter", "Quit"); }},
+    State{"hover-field", several,
+          [](PanelPicture &panel) {
+              panel.showForm();
+              panel.pointAt("StepField");
+          }},
+    State{"hover-calendar-button", several,
+          [](PanelPicture &panel) {
+              panel.showForm();
+              panel.pointAt("DateTimeField", "Choose a day");
+              PanelPicture::rest();
+          }},
+    State{"hover-cancel", several,
+          [](PanelPicture &panel) {
+              panel.showForm();
+              panel.pointAt("FormActions", "Cancel");
+          }},
+    State{"hover-track", several,
+          [](PanelPicture &panel) {
+              panel.fillForm();
+              panel.pointAt("FormActions", "Track Trial");
+          }},
+    State{"hover-day", several,
+          [](PanelPicture &panel) {
+              panel.openCalendar();
+              panel.pointAt("DayCell", "", 11);
+          }},
+    State{"hover-month", several,
+          [](PanelPicture &panel) {
+              panel.openCalendar();
+              panel.pointAt("MonthPage", "Next month");
+              PanelPicture::rest();
+          }},
+    State{"hover-delete", several,
+          [](PanelPicture &panel) {
+              panel.ask();
+              panel.pointAt("AlertContent", "Delete");
+          }},
+    State{"hover-keep", several,
+          [](PanelPicture &panel) {
+              panel.ask();
+              panel.pointAt("AlertContent", "Cancel");
+          }},
+    State{"pressed-trash", longNames,
+          [](PanelPicture &panel) { panel.press("TrialRow", "Delete"); }},
+    State{"pressed-add", several,
+          [](PanelPicture &panel) { panel.press("PanelFooter", "Add Trial"); }},
+    State{"pressed-quit", several, [](PanelPicture &panel) { panel.press("PanelFooter", "Quit"); }},
+    State{"pressed-calendar-button", several,
+          [](PanelPicture &panel) {
+              panel.showForm();
+              panel.press("DateTimeField", "Choose a day");
+          }},
+    State{"pressed-cancel", several,
+          [](PanelPicture &panel) {
+              panel.showForm();
+              panel.press("FormActions", "Cancel");
+          }},
+    State{"pressed-track", several,
+          [](PanelPicture &panel) {
+              panel.fillForm();
+              panel.press("FormActions", "Track Trial");
+          }},
+    State{"pressed-delete", several,
+          [](PanelPicture &panel) {
+              panel.ask();
+              panel.press("AlertContent", "Delete");
+          }},
+    State{"pressed-keep", several,
+          [](PanelPicture &panel) {
+              panel.ask();
+              panel.press("AlertContent", "Cancel");
+          }},
+    State{"focus", several, [](PanelPicture &panel) { panel.goToFirstRow(); }},
+    State{"focus-trash", several, [](PanelPicture &panel) { panel.tab(3); }},
+    State{"focus-quit", several, [](PanelPicture &panel) { panel.tab(1); }},
+    State{"focus-add", several,
+          [](PanelPicture &panel) {
+              panel.tab(1);
+              panel.key(Qt::Key_Backtab);
+          }},
+    State{"focus-field", several, [](PanelPicture &panel) { panel.fillForm(); }},
+    State{"focus-calendar-button", several,
+          [](PanelPicture &panel) {
+              panel.fillForm();
+              panel.tab(2);
+          }},
+    State{"focus-day", several,
+          [](PanelPicture &panel) {
+              panel.openCalendar();
+              panel.key(Qt::Key_Down);
+          }},
+    State{"focus-month", several,
+          [](PanelPicture &panel) {
+              panel.openCalendar();
+              panel.tab(1);
+          }},
+    State{"focus-cancel", several,
+          [](PanelPicture &panel) {
+              panel.fillForm();
+              panel.tab(5);
+          }},
+    State{"focus-track", several,
+          [](PanelPicture &panel) {
+              panel.fillForm();
+              panel.tab(6);
+          }},
+    State{"focus-delete", several,
+          [](PanelPicture &panel) {
+              panel.ask();
+              panel.tab(1);
+          }},
+};
 
 } // namespace
 
@@ -231,49 +270,10 @@ int main(int argc, char *argv[])
                parser.value(QStringLiteral("suffix")) + u".png";
     };
     QDir{}.mkpath(folder);
-
-    Picture{{}, locale}.save(path("empty"));
-    Picture{{several().first()}, locale}.save(path("one"));
-    Picture{several(), locale}.save(path("several"));
-    Picture{many(), locale}.save(path("many"));
-    Picture{ended(), locale}.save(path("ended"));
-    Picture{longNames(), locale}.save(path("long-name"));
-    {
-        Picture form{{}, locale};
-        form.call("showForm");
-        form.save(path("form-empty"));
+    for (const State &state : states) {
+        PanelPicture panel{state.trials(), locale};
+        state.reach(panel);
+        panel.save(path(state.name));
     }
-    {
-        Picture form{several(), locale};
-        form.call("showForm");
-        form.type(QStringLiteral("Radio Sur"));
-        form.key(Qt::Key_Tab);
-        form.key(Qt::Key_Up);
-        form.save(path("form"));
-        form.key(Qt::Key_Tab);
-        form.key(Qt::Key_Return);
-        form.save(path("calendar"));
-    }
-    {
-        Picture alert{several(), locale};
-        alert.goToFirstRow();
-        alert.save(path("focus"));
-        alert.key(Qt::Key_Delete);
-        alert.save(path("alert"));
-    }
-    {
-        Picture alert{longNames(), locale};
-        alert.goToFirstRow();
-        alert.key(Qt::Key_Delete);
-        alert.save(path("alert-long-name"));
-    }
-    {
-        Picture alert{longNames(), locale};
-        alert.goToFirstRow();
-        alert.key(Qt::Key_End);
-        alert.key(Qt::Key_Delete);
-        alert.save(path("alert-arabic-name"));
-    }
-    drawStates(locale, path);
     return EXIT_SUCCESS;
 }

@@ -32,8 +32,36 @@ PanelTest {
         return open(trials)
     }
 
+    // What the ratios are to be, on an ordinary desktop and on one that wants more contrast.
+    readonly property real textRatio: Contrast.more ? 7 : 4.5
+    readonly property real outlineRatio: Contrast.more ? 7 : 3
+    readonly property real symbolRatio: Contrast.more ? 4.5 : 3
+
     function compareTexts(item) {
-        compare(fixture.faintTexts(item, Theme.textRatio - 0.05), [])
+        compare(fixture.faintOnes(item, test.textRatio - 0.05, test.symbolRatio - 0.05), [])
+    }
+
+    // From what is left of the item to its edge.
+    function compareOutline(item) {
+        compareLine(item, 0.5, -1.5)
+    }
+
+    // From one place in the item to another, both halfway down.
+    function compareLine(item, line, ground) {
+        const color = x => fixture.pixel(item, x, item.height / 2)
+        const ratio = Contrast.ratio(color(line), color(ground))
+        verify(ratio >= test.outlineRatio - 0.05, fixture.nameOf(item) + ": " + ratio + " of " + color(line) + " to " + color(ground))
+    }
+
+    // The box that an alert or the calendar is drawn on.
+    function box(below) {
+        for (let index = 0; index < below.children.length; ++index) {
+            const item = below.children[index]
+            const found = item.visible && item.radius >= 10 && item.width > 200 ? item : test.box(item)
+            if (found !== null)
+                return found
+        }
+        return null
     }
 
     function test_everyTextOfTheListCanBeRead_data() { return looks() }
@@ -62,8 +90,10 @@ PanelTest {
         compareTexts(panel)
         type("Acme")
         compareTexts(panel)
-        for (const name of ["Service name", "Monthly cost after trial", "Cancel", "Track Trial"])
-            verify(fixture.edgeContrast(find(name)) >= Theme.outlineRatio - 0.05, name)
+        for (const [name, description] of [["Service name", ""], ["Trial ends", "Day"], ["Choose a day", ""],
+                                           ["Trial ends", "Time"], ["Monthly cost after trial", ""],
+                                           ["Cancel", ""], ["Track Trial", ""]])
+            compareOutline(find(name, description))
         mouseMove(find("Track Trial"))
         compareTexts(find("Track Trial"))
         mousePress(find("Track Trial"))
@@ -72,12 +102,13 @@ PanelTest {
         mouseRelease(test, 1, 1)
     }
 
-    function test_everyTextOfTheCalendarCanBeRead_data() { return looks() }
-    function test_everyTextOfTheCalendarCanBeRead(data) {
+    function test_everyTextAndOutlineOfTheCalendarCanBeTold_data() { return looks() }
+    function test_everyTextAndOutlineOfTheCalendarCanBeTold(data) {
         const panel = show(data, [])
         click("Add Trial")
         click("Choose a day")
         compareTexts(panel.T.Overlay.overlay)
+        compareLine(box(panel.T.Overlay.overlay), 0.5, 3)
     }
 
     function test_everyTextAndOutlineOfTheAlertCanBeTold_data() { return looks() }
@@ -85,9 +116,50 @@ PanelTest {
         const panel = show(data, test.trials)
         click("Delete", "Acme")
         compareTexts(panel.T.Overlay.overlay)
+        compareLine(box(panel.T.Overlay.overlay), 0.5, 3)
         for (const name of ["Delete", "Cancel"])
-            verify(fixture.edgeContrast(find(name)) >= Theme.outlineRatio - 0.05, name)
+            compareOutline(find(name))
         mouseMove(find("Delete"))
         compareTexts(find("Delete"))
+    }
+
+    function test_theRingAroundWhatHasTheKeyboardCanBeTold_data() { return looks() }
+    function test_theRingAroundWhatHasTheKeyboardCanBeTold(data) {
+        show(data, test.trials)
+        keyClick(Qt.Key_Tab)
+        const row = focusItem()
+        compare(fixture.roleOf(row), "ListItem")
+        compareLine(row, 9, 12)
+        keyClick(Qt.Key_Delete)
+        tryVerify(() => focusName() === "Cancel")
+        compareLine(focusItem(), -2, -5)
+        keyClick(Qt.Key_Escape)
+        tryVerify(() => row.activeFocus)
+        keyClick(Qt.Key_Tab)
+        keyClick(Qt.Key_Tab)
+        compare(focusName(), "Add Trial")
+        compareLine(focusItem(), 1, -2)
+    }
+
+    function test_theHintCanBeRead_data() { return looks() }
+    function test_theHintCanBeRead(data) {
+        show(data, test.trials)
+        mouseMove(find("Delete", "Acme"))
+        tryVerify(() => fixture.text(test, "Delete").maximumLineCount === 4)
+        const bubble = fixture.text(test, "Delete").parent
+        compareTexts(bubble)
+        compareLine(bubble, 0.5, 3)
+        mouseMove(test, 1, 1)
+    }
+
+    function test_theMenuOfATextCanBeRead_data() { return looks() }
+    function test_theMenuOfATextCanBeRead(data) {
+        const panel = show(data, [])
+        click("Add Trial")
+        type("Acme")
+        mouseClick(find("Service name"), 60, 10, Qt.RightButton)
+        found("Select All")
+        keyClick(Qt.Key_Down)
+        compareTexts(panel.T.Overlay.overlay)
     }
 }
