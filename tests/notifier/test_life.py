@@ -230,6 +230,7 @@ def test_of_two_on_different_buses_only_the_first_uses_the_file(notifier, other_
         assert error_name(caught.value) == STORAGE_ERROR
         assert other.identifiers() == ["b-1h"]
         assert notifier.identifiers() == ["a-1h"]
+        assert "kept in memory" in other.end()
 
 
 def test_the_second_takes_over_from_the_first(notifier, other_notifier):

@@ -56,6 +56,30 @@ def test_what_is_answered_survives_a_kill_after(lose, notifier):
     assert notifier.identifiers() == ["a-1h", "b-1h"]
 
 
+def test_the_journal_tells_of_a_file_that_was_written_anew(notifier):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    remove_log(notifier)
+    notifier.add("b-1h", FAR)
+
+    told = notifier.end()
+
+    assert "it is written anew" in told and "kept in memory" not in told
+
+
+def test_the_journal_tells_of_a_file_that_cannot_be_written_anew(notifier):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    remove_folder(notifier)
+    notifier.folder.write_text("A file where the folder was.")
+    with pytest.raises(GLib.Error):
+        notifier.add("b-1h", FAR)
+
+    told = notifier.end()
+
+    assert "it is written anew" in told and "kept in memory" in told
+
+
 def test_after_its_folder_was_removed_nobody_else_may_use_the_new_one(notifier, other_notifier):
     notifier.start()
     notifier.add("before-1h", FAR)

@@ -84,6 +84,14 @@ class Notifier:
         self.process = None
         wait_until(lambda: not self.has_owner(), "its end")
 
+    def end(self) -> str:
+        """Has it end in order; what it has told on standard error."""
+        self.process.terminate()
+        told = self.process.stderr.read()
+        self.process.wait()
+        self.forget_process()
+        return told
+
     def forget_process(self):
         """After its end."""
         self.process.stderr.close()
