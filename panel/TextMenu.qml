@@ -70,7 +70,12 @@ T.Menu {
         //: Entry of a text field's context menu: deletes the selected text.
         text: qsTr("Delete")
         enabled: root.hasSelection
-        onTriggered: root.field.remove(root.field.selectionStart, root.field.selectionEnd)
+        onTriggered: {
+            const start = root.field.selectionStart, end = root.field.selectionEnd
+            // Undo takes everything back that was typed since the cursor moved, so it has to move.
+            root.field.cursorPosition = start
+            root.field.remove(start, end)
+        }
     }
     TextMenuItem {
         //: Entry of a text field's context menu: selects the whole text.

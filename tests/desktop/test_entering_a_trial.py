@@ -195,6 +195,44 @@ def test_the_wheel_over_the_open_calendar_turns_its_months(desktop, form):
     assert end_of(track(desktop, form)).date() == days_ahead(7)
 
 
+def choose(desktop, entry, way):
+    """Opens the context menu of the name field and chooses this entry, with the mouse or the keyboard alone."""
+    if way == "mouse":
+        x, y, width, height = desktop.find("text", "Service name")["box"]
+        desktop.run("xdotool", "mousemove", x + width - 9, y + height // 2, "click", "3")
+    else:
+        desktop.key("Menu")
+    wait_until(lambda: (desktop.find("menu item", entry) or {}).get("enabled"), f"the entry {entry}")
+    if way == "mouse":
+        desktop.click_on("menu item", entry)
+    else:
+        while not desktop.find("menu item", entry)["focused"]:
+            desktop.key("Down")
+        desktop.key("Return")
+    wait_until(lambda: not desktop.find("menu item", entry), "the end of the menu")
+
+
+@pytest.mark.parametrize("way", ["mouse", "keyboard"])
+def test_the_context_menu_selects_copies_deletes_undoes_and_cuts(desktop, form, way):
+    def wait_name(text):
+        wait_until(lambda: desktop.find("text", "Service name")["text"] == text, f"{text!r} in the field")
+
+    desktop.type("Acme Cloud")
+    choose(desktop, "Select All", way)
+    choose(desktop, "Copy", way)
+    wait_until(lambda: clipboard(desktop) == "Acme Cloud", "the name in the clipboard")
+    choose(desktop, "Delete", way)
+    wait_name("")
+    choose(desktop, "Undo", way)
+    wait_name("Acme Cloud")
+    desktop.key("End")
+    desktop.type(" Premium")
+    desktop.key("ctrl+a")
+    choose(desktop, "Cut", way)
+    wait_until(lambda: clipboard(desktop) == "Acme Cloud Premium", "the longer name in the clipboard")
+    wait_name("")
+
+
 def test_the_menu_key_opens_the_context_menu_for_the_keyboard(desktop, form):
     desktop.type("Acme Cloud")
     copy(desktop, " Premium")

@@ -5,8 +5,10 @@
 import json
 import os
 import shutil
+import socket
 import sys
 import time
+from contextlib import contextmanager
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
@@ -33,22 +35,56 @@ def wait_planned(notifier, *trials):
     wait_until(lambda: set(notifier.identifiers()) == reminders(*trials), "the reminders of all trials", 30)
 
 
+@contextmanager
+def norvane_that_lost_its_bus(folder, trials):
+    """Norvane with requests that it could not send before the bus went away; and the path of the bus's socket."""
+    write(folder / "home", json.dumps(trials))
+    asked = folder / "asked"
+    with PrivateBus(folder / "bus") as bus:
+        # Never takes the name.
+        bus.install("org.norvane.NotificationCenter", f"/bin/sh -c ': > {asked}; exec sleep 60'")
+        address = bus.address.split(",")[0]  # Without the identity of that very bus.
+        norvane = Norvane(folder / "home", DBUS_SESSION_BUS_ADDRESS=address)
+        norvane.__enter__()
+        wait_until(asked.exists, "the start of the centre")
+    shutil.rmtree(folder / "bus")
+    try:
+        yield address.removeprefix("unix:path=")
+    finally:
+        norvane.__exit__()
+
+
 def test_on_a_new_bus_it_sends_what_the_old_one_did_not_take(tmp_path):
     trials = [trial(number, "Acme") for number in range(3)]
-    file = write(tmp_path / "home", json.dumps(trials))
-    with PrivateBus(tmp_path / "bus") as first:
-        first.install("org.norvane.NotificationCenter", "/bin/sleep 60")  # Never takes the name.
-        address = first.address.split(",")[0]  # Without the identity of that very bus.
-        norvane = Norvane(tmp_path / "home", DBUS_SESSION_BUS_ADDRESS=address)
-        norvane.__enter__()
-        wait_until(lambda: "-24h" in file.read_text(), "the plan in the file")
-    shutil.rmtree(tmp_path / "bus")
-
-    with PrivateBus(tmp_path / "bus") as second, Notifier(second, tmp_path / "state") as notifier:
-        assert second.address.split(",")[0] == address
+    with (norvane_that_lost_its_bus(tmp_path, trials) as path,
+          PrivateBus(tmp_path / "bus") as bus, Notifier(bus, tmp_path / "state") as notifier):
+        assert bus.address.split(",")[0] == f"unix:path={path}"
         notifier.start()
         wait_planned(notifier, *trials)
-        norvane.__exit__()
+
+
+def attempts(path, count):
+    """When this many connections to a socket are made, one after the other; each is closed at once."""
+    times = []
+    with socket.socket(socket.AF_UNIX) as listener:
+        listener.bind(path)
+        listener.listen()
+        listener.settimeout(60)
+        while len(times) < count:
+            connection, _ = listener.accept()
+            times.append(time.monotonic())
+            connection.close()
+    return times
+
+
+def test_while_the_bus_is_away_it_tries_once_at_a_time_with_a_growing_pause(tmp_path):
+    with norvane_that_lost_its_bus(tmp_path, [trial(0, "Acme")]) as path:
+        Path(path).parent.mkdir()
+        first, second, third = attempts(path, 3)
+
+    # Two seconds and four, where the first attempt is the first one to find the socket.
+    assert 1.5 < second - first
+    assert 3 < third - second
 
 
 def test_a_name_that_no_message_can_hold_costs_no_other_trial_its_reminders(tmp_path):

@@ -13,7 +13,7 @@ import pytest
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 
-from support.desktop import Desktop, fresh_folder  # noqa: E402
+from support.desktop import Desktop, fresh_folder, overlap  # noqa: E402
 from support.shell import Shell  # noqa: E402
 from support.waiting import wait_until  # noqa: E402
 
@@ -100,6 +100,31 @@ def test_a_name_of_four_megabytes_holds_nothing_up(desktop):
         assert len(question["name"]) < MOST_CLUSTERS + 100
 
 
+def hint(desktop, name):
+    """How high the hint over the row of a shortened name is, and how many seconds it took to appear."""
+    with shown(desktop, [name]):
+        x, y, width, height = wait_until(lambda: desktop.find("list", "Trials"), "the list")["box"]
+        x, y = x + width // 2, y + 4
+        desktop.run("xdotool", "mousemove", x, y + 40)  # On the row's second line, which lights up the row.
+        desktop.wait_until_still()
+        before = desktop.screenshot(desktop.folder / "without-hint.png")
+
+        start = time.monotonic()
+        desktop.run("xdotool", "mousemove", x, y + 12)
+        after = desktop.folder / "hint.png"
+        area = wait_until(lambda: desktop.changed_area(before, desktop.screenshot(after)), "the hint")
+        return area[3], time.monotonic() - start
+
+
+def test_the_hint_of_a_name_of_four_megabytes_comes_at_once_and_has_four_lines(desktop):
+    one_line, _ = hint(desktop, "Acme Cloud Storage Premium Family Annual Plan")
+    many_lines, seconds = hint(desktop, "Ñandú " * 700_000)
+
+    assert seconds < 5
+    frame = 10
+    assert abs((many_lines - frame) - 4 * (one_line - frame)) <= 3
+
+
 def test_line_breaks_and_tabs_in_a_name_look_like_spaces(desktop):
     pictures = []
     for number, name in enumerate(["Netflix Premium Plan", "Netflix\nPremium\tPlan", "Netflix\u2028Premium\u0085Plan"]):
@@ -116,20 +141,6 @@ def box_of(desktop, role):
     return node["box"]
 
 
-def handle_length(desktop, bar):
-    """How many pixels along the middle of a scroll bar have another colour than most of them."""
-    x, y, width, height = bar
-    column = picture(desktop, "bar.png", (x + width // 2, y, 1, height))
-    lines = desktop.run("convert", column, "txt:-").splitlines()[1:]
-    colors = [line.split("#")[1][:6] for line in lines]
-    ground = max(set(colors), key=colors.count)
-    return sum(color != ground for color in colors)
-
-
-def overlap(one, other):
-    return all(one[axis] < other[axis] + other[axis + 2] and other[axis] < one[axis] + one[axis + 2] for axis in (0, 1))
-
-
 def test_the_scroll_bar_of_a_long_question_has_a_long_handle_and_lies_beside_the_text(desktop):
     name = "Acme " * 190
     with shown(desktop, [name]):
@@ -137,7 +148,7 @@ def test_the_scroll_bar_of_a_long_question_has_a_long_handle_and_lies_beside_the
         desktop.wait_until_still()
         desktop.screenshot(desktop.folder / "long-question.png")
         bar = box_of(desktop, "scroll bar")
-        handle = handle_length(desktop, bar)
+        handle = desktop.handle_length(bar)
 
     assert 24 <= handle < bar[3]
     assert not overlap(question["box"], bar)
@@ -149,7 +160,7 @@ def test_the_scroll_bar_of_a_long_list_has_a_long_handle_and_lies_beside_the_row
         desktop.screenshot(desktop.folder / "long-list.png")
         x, y, width, height = box_of(desktop, "list")
         bar = (x + width - BAR, y, BAR, height)
-        handle = handle_length(desktop, bar)
+        handle = desktop.handle_length(bar)
         buttons = [node["box"] for node in desktop.accessible() if node["role"] == "push button"]
 
     assert 24 <= handle <= 40

@@ -37,6 +37,20 @@ def wait_for_text(file, text):
     wait_until(has_text, f"{text[:100]} in the file")
 
 
+# In the place of the C library's function of this name, in a program that is told to preload it.
+WITHOUT_LOCKS = """#include <errno.h>
+int flock(int descriptor, int operation) { (void)descriptor, (void)operation; errno = ENOLCK; return -1; }
+"""
+
+
+@pytest.fixture(scope="module")
+def without_locks(tmp_path_factory):
+    """The environment of a program on a file system without locks."""
+    library = tmp_path_factory.mktemp("locks") / "none.so"
+    subprocess.run(["cc", "-shared", "-fPIC", "-o", library, "-xc", "-"], input=WITHOUT_LOCKS, text=True, check=True)
+    return {"LD_PRELOAD": str(library), "ASAN_OPTIONS": "verify_asan_link_order=0"}
+
+
 @pytest.fixture(scope="module")
 def locales(tmp_path_factory):
     """A folder with a locale whose decimal mark has two bytes."""
@@ -88,3 +102,13 @@ def test_folders_that_it_makes_are_for_the_user_alone_and_others_stay_as_they_ar
         modes = {path.relative_to(home).as_posix(): stat.S_IMODE(path.stat().st_mode)
                  for path in (local, local / "share", local / "share/Norvane")}
         assert modes == {".local": 0o750, ".local/share": 0o700, ".local/share/Norvane": 0o700}
+
+
+def test_a_file_system_without_locks_is_no_obstacle(tmp_path, without_locks):
+    with Norvane(tmp_path, **without_locks):
+        file = trials_file(tmp_path)
+        wait_for_text(file, "[]")
+
+        file.unlink()
+        with Norvane(tmp_path, **without_locks):  # Which nothing can keep out there.
+            wait_for_text(file, "[]")

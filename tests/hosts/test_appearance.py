@@ -8,7 +8,7 @@ import dbus
 import pytest
 import Xlib.display
 import Xlib.X
-from support.desktop import Desktop
+from support.desktop import ACCESSIBLE, Desktop
 from support.shell import PROGRAM, Shell
 from support.waiting import wait_until
 
@@ -58,6 +58,25 @@ class Popover:
                                 f"%[fx:round(255*p{{{x},{y}}}.b)]", "info:")
         return tuple(int(part) for part in text.split())
 
+    def part(self, box):
+        """The colours of a part of it, row by row."""
+        x, y, width, height = box
+        pixels = subprocess.run(["convert", self.picture(), "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8",
+                                 "rgb:-"], check=True, capture_output=True, timeout=30).stdout
+        return [tuple(pixels[start:start + 3]) for start in range(0, len(pixels), 3)]
+
+    def text_contrast(self, box):
+        """How well the letters in a box can be told from their ground, its most frequent colour."""
+        colors = self.part(box)
+        ground = max(set(colors), key=colors.count)
+        return max(ratio(color, ground) for color in set(colors))
+
+    def outline_contrast(self, box):
+        """How well the line at the left edge of a box can be told from what lies on either side of it."""
+        x, y, _, height = box
+        row = self.part((x - 4, y + height // 2, 9, 1))
+        return max(min(ratio(color, row[0]), ratio(color, row[-1])) for color in row)
+
     def is_dark(self):
         return sum(self.color_at(self.place[2] // 2, 4)) < 3 * 128
 
@@ -68,9 +87,21 @@ class Popover:
         return {line.split("#")[1][:6].lower(): int(line.split(":")[0]) for line in lines if "#" in line}
 
 
+def ratio(one, other):
+    """Of the luminances of two colours, from 1 for the same to 21 for black and white."""
+
+    def luminance(color):
+        parts = [part / 255 for part in color]
+        linear = [part / 12.92 if part <= 0.04045 else ((part + 0.055) / 1.055) ** 2.4 for part in parts]
+        return sum(weight * part for weight, part in zip((0.2126, 0.7152, 0.0722), linear))
+
+    darker, lighter = sorted((luminance(one), luminance(other)))
+    return (lighter + 0.05) / (darker + 0.05)
+
+
 @pytest.fixture(scope="module")
 def desktop(folder):
-    with Desktop(folder, panel=None) as started:
+    with Desktop(folder, size="1280x900", panel=None) as started:
         yield started
 
 
@@ -175,6 +206,41 @@ def test_a_desktop_with_colours_of_its_own_keeps_them(desktop):
         wait_until(lambda: popover.colors().get("8b4513", 0) > 500, "the button in the desktop's colour")
         assert popover.colors().get("fffaf0", 0) > 500, "the fields have another background"
     settings.unlink()
+
+
+@pytest.mark.parametrize("scheme", [LIGHT, DARK], ids=["light", "dark"])
+def test_with_more_contrast_outlines_and_secondary_text_have_seven_to_one(desktop, scheme):
+    portal = Portal(desktop, color_scheme=scheme)
+    scale = 2  # So that letters have pixels which they cover whole.
+    with Shell(desktop, QT_SCALE_FACTOR=str(scale)) as shell:
+        desktop.run(PROGRAM)
+        shell.wait_keyboard()
+        desktop.wait_until_still()
+        popover = Popover(shell)
+        (wait_dark if scheme == DARK else wait_light)(popover)
+        wait_until(lambda: desktop.find("push button", "Add Trial"), "the panel for screen readers")
+        desktop.run("/usr/bin/python3", ACCESSIBLE, "press", "Norvane", "push button", "Add Trial")
+        wait_until(lambda: (desktop.find("text", "Service name") or {}).get("focused"), "the form")
+        desktop.key("Tab")  # Away from the name, which the accent colour outlines as long as it is typed into.
+
+        def box(*node):
+            """A place in the popover, in pixels, although screen readers are told those of an unscaled one."""
+            left, top, *_ = desktop.find("frame", "Norvane")["box"]
+            x, y, width, height = desktop.find(*node)["box"]
+            return (x - left) * scale, (y - top) * scale, width * scale, height * scale
+
+        x, y, width, height = field = box("text", "Service name")
+        caption, hint = (x, y - 38, width, 34), (x + 8, y + 8, width - 16, height - 16)
+        texts = [box("label", "0 active"), caption, hint]
+
+        def weakest():
+            return min(popover.outline_contrast(field), *map(popover.text_contrast, texts))
+
+        wait_until(lambda: 2.9 < weakest() < 6.5, "the usual contrast")
+        portal.change("contrast", dbus.UInt32(1))
+        wait_until(lambda: weakest() >= 6.95, "seven to one, but for the rounding of colours")
+        desktop.screenshot(desktop.folder / f"contrast-{int(scheme)}.png")
+    desktop.stop(portal.process)
 
 
 class CompositingManager:

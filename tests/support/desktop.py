@@ -163,6 +163,17 @@ class Desktop:
         width, height = size.split("x")
         return int(x), int(y), int(width), int(height)
 
+    def handle_length(self, bar):
+        """How many pixels long the handle of the scroll bar in this box is."""
+        x, y, width, height = bar
+        self.run("import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8", "+repage",
+                 self.folder / "bar.png")
+        edge, middle = (
+            [line.split("#")[1][:6] for line in self.run("convert", self.folder / "bar.png", "-crop",
+                                                         f"1x{height}+{column}+0", "txt:-").splitlines()[1:]]
+            for column in (0, width // 2))
+        return sum(one != other for one, other in zip(edge, middle))  # The handle leaves the edges free.
+
     def windows(self, title):
         """The visible windows with this title."""
         answer = subprocess.run(
@@ -246,3 +257,8 @@ def fresh_folder(path):
     shutil.rmtree(path, ignore_errors=True)
     Path(path).mkdir(parents=True)
     return Path(path)
+
+
+def overlap(one, other):
+    """Whether two boxes have a pixel in common."""
+    return all(one[axis] < other[axis] + other[axis + 2] and other[axis] < one[axis] + one[axis + 2] for axis in (0, 1))

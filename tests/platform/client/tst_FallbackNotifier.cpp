@@ -132,6 +132,19 @@ private slots:
                  "the five seconds that it was given have ended");
     }
 
+    void itIsNotTakenForReadyOnceItHasEnded()
+    {
+        BusSender sender{fallbackProgram, std::make_shared<std::atomic<bool>>(false)};
+        const QSignalSpy changes{&sender, &BusSender::stateChanged};
+        sender.setBusAddress({});
+        sender.send({QStringLiteral("RemoveAllPendingRequests"), {}});
+        QTRY_COMPARE(changes.size(), 5); // No centre, starting, ready, confirming, ready.
+
+        ::kill(static_cast<pid_t>(bus().servicePid(busNames::notificationCenter).value()), SIGKILL);
+
+        QTRY_COMPARE(changes.size(), 6); // No centre.
+    }
+
     void nothingIsLostWhenNorvaneEndsAtOnce()
     {
         {
