@@ -30,6 +30,12 @@ def wake_ups(pid: int) -> int:
                if line.startswith("voluntary_ctxt_switches"))
 
 
+def processor_seconds(pid: int) -> float:
+    """How long the process has kept a processor busy so far, however many others there are."""
+    fields = Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+
 def memory(pid: int) -> dict[str, int]:
     """The process's memory in KiB: private (Private), proportional (Pss) and resident (Rss).
 
