@@ -10,6 +10,7 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -130,6 +131,23 @@ private slots:
 
         QVERIFY2(!QTest::qWaitFor([&changes] { return changes.size() > 5; }, 5'500),
                  "the five seconds that it was given have ended");
+    }
+
+    void aCentreThatCannotBeStartedIsTriedAgainOnlyAfterAPause()
+    {
+        BusSender sender{{}, std::make_shared<std::atomic<bool>>(false)};
+        const QSignalSpy changes{&sender, &BusSender::stateChanged};
+        const CallQueue::Call call{QStringLiteral("RemoveAllPendingRequests"), {}};
+        sender.setBusAddress({});
+        sender.send(call);
+        QTRY_COMPARE(changes.size(), 3); // No centre, starting, no centre.
+        QElapsedTimer timer;
+        timer.start();
+
+        sender.send(call);
+
+        QTRY_COMPARE(changes.size(), 5);
+        QVERIFY(timer.elapsed() >= 900); // A second, less what a coarse timer may spare.
     }
 
     void itIsNotTakenForReadyOnceItHasEnded()
