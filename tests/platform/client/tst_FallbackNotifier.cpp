@@ -6,6 +6,7 @@
 #include "platform/client/BusSender.h"
 #include "platform/client/DBusNotificationCenter.h"
 #include "tests/support/PrivateSessionBus.h"
+#include "tests/support/RecordingCenterService.h"
 #include "tests/support/TestProgram.h"
 
 #include <QDBusConnection>
@@ -131,6 +132,49 @@ private slots:
 
         QVERIFY2(!QTest::qWaitFor([&changes] { return changes.size() > 5; }, 5'500),
                  "the five seconds that it was given have ended");
+    }
+
+    void aProgramBesideThatNeverTakesItsNameIsGivenUp()
+    {
+        BusSender sender{QStringLiteral("/bin/true"), std::make_shared<std::atomic<bool>>(false)};
+        const QSignalSpy changes{&sender, &BusSender::stateChanged};
+        sender.setBusAddress({});
+
+        sender.send({QStringLiteral("RemoveAllPendingRequests"), {}});
+
+        QTRY_COMPARE_WITH_TIMEOUT(changes.size(), 3, 30'000); // No centre, starting, no centre.
+    }
+
+    void callsForACentreThatCannotBeStartedAreKeptUntilItAppears()
+    {
+        RecordingCenterService service{QDBusConnection::sessionBus()};
+        BusSender sender{{}, std::make_shared<std::atomic<bool>>(false)};
+        const QSignalSpy changes{&sender, &BusSender::stateChanged};
+        sender.setBusAddress({});
+        sender.send({QStringLiteral("RemoveAllPendingRequests"), {}});
+        QTRY_COMPARE(changes.size(), 3); // No centre, starting, no centre.
+
+        QVERIFY(service.appear());
+
+        QTRY_COMPARE(service.calls(), QStringList{QStringLiteral("RemoveAllPendingRequests")});
+    }
+
+    void aCentreThatConfirmsNothingIsNotWaitedForBeyondTheLimit()
+    {
+        using namespace std::chrono_literals;
+        RecordingCenterService service{QDBusConnection::sessionBus()};
+        QVERIFY(service.appear());
+        service.setSilent(true);
+        BusSender sender{{}, std::make_shared<std::atomic<bool>>(false)};
+        sender.setBusAddress({});
+        sender.send({QStringLiteral("RemoveAllPendingRequests"), {}});
+        QTRY_COMPARE(service.calls().size(), 1);
+        QElapsedTimer timer;
+        timer.start();
+
+        sender.flush(100ms, 1min);
+
+        QVERIFY(timer.elapsed() < 30'000);
     }
 
     void aCentreThatCannotBeStartedIsTriedAgainOnlyAfterAPause()
