@@ -106,8 +106,8 @@ private:
     CallQueue calls_;
     std::size_t mostInBatch_;
     std::size_t confirmed_ = 0; ///< Calls, since the queue was empty.
-    QTimer nextStep_;     ///< Until advance() is called.
-    QTimer startTimeout_; ///< Runs while the fallback program has not taken the name.
+    QTimer nextStep_;           ///< Until advance() is called.
+    QTimer startTimeout_;       ///< Runs while the fallback program has not taken the name.
     std::chrono::milliseconds pause_{0};
     bool hasReported_ = false;
 };
