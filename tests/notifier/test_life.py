@@ -88,6 +88,15 @@ def test_it_ends_when_nothing_is_left_to_do(notifier):
     assert ends(notifier)
 
 
+def test_while_all_is_well_it_tells_the_journal_nothing(notifier, server):
+    notifier.start()
+    notifier.add("a-1h", this_minute())
+    notifier.add("b-1h", FAR)
+    server.wait_for(1)
+
+    assert notifier.end() == ""
+
+
 def test_it_stays_while_something_is_pending(notifier):
     notifier.start("--linger", "1")
     notifier.add("a-1h", FAR)

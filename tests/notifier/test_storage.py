@@ -74,6 +74,18 @@ def test_folder_and_file_are_the_users_alone(notifier):
     assert {mode(file) for file in notifier.folder.iterdir()} == {0o600}
 
 
+def test_a_file_that_others_could_read_is_closed_to_them(notifier):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    notifier.kill()
+    notifier.ledger.chmod(0o644)
+
+    notifier.start()
+
+    notifier.pending()
+    assert mode(notifier.ledger) == 0o600
+
+
 def test_what_was_acknowledged_survives_a_kill(notifier):
     notifier.start()
     notifier.add("a-1h", FAR)
@@ -116,11 +128,13 @@ def test_a_damaged_file_is_set_aside(notifier, content):
     notifier.add("a-1h", FAR)
 
     assert [one.read_bytes() for one in aside(notifier, "damaged")] == [content]
-    notifier.restart()
+    assert "set aside in" in notifier.end()
+    notifier.start()
     assert notifier.identifiers() == ["a-1h"]
 
 
-def test_a_file_with_damaged_pages_is_set_aside(notifier):
+@pytest.mark.parametrize("start, end", [(100, 4096), (8192, 20480)], ids=["schema", "table"])
+def test_a_file_with_damaged_pages_is_set_aside(notifier, start, end):
     notifier.start()
     for i in range(100):
         notifier.add(f"{i}-1h", FAR, body="x" * 500)
@@ -128,7 +142,7 @@ def test_a_file_with_damaged_pages_is_set_aside(notifier):
     with closing(sqlite3.connect(notifier.ledger)) as ledger:
         ledger.execute("PRAGMA wal_checkpoint(TRUNCATE)")
     content = bytearray(notifier.ledger.read_bytes())
-    content[8192:20480] = os.urandom(12288)
+    content[start:end] = os.urandom(end - start)
     notifier.ledger.write_bytes(content)
 
     notifier.start()
