@@ -50,11 +50,11 @@ def test_where_everything_is_installed_it_needs_neither_root_nor_the_network(mac
 
 
 def test_no_script_but_one_installs_anything_on_this_machine():
-    """scripts/elsewhere does, too, in a system of its own."""
+    """scripts/elsewhere and scripts/pictures --beside do, too, in systems of their own."""
     callers = {script.name for script in (ROOT / "scripts").iterdir()
                if script.is_file() and re.search(r"\bapt(-get)? (-\S+ )*(install|update)\b", script.read_text())}
 
-    assert callers == {"install-packages", "elsewhere"}
+    assert callers == {"install-packages", "elsewhere", "pictures"}
 
 
 @pytest.mark.parametrize(("manager", "command", "names"), [
