@@ -179,11 +179,14 @@ void Courier::serverAppeared()
     }
     serverFailures_ = 0;
     serverRetry_ = {};
+    const QDeadlineTimer pause = pauseAfter(mostDeaths);
     for (auto &[key, trouble] : troubles_) {
         trouble.refusals = 0;
         trouble.unanswered = 0;
         if (trouble.deaths < mostDeaths) {
             trouble.retry = {};
+        } else if (trouble.retry.isForever()) {
+            trouble.retry = pause; // That was the server before, which never answered.
         }
     }
     deliver();

@@ -126,10 +126,14 @@ public:
             return;
         }
         isServerGone_ = false;
+        ++failures_;
         for (auto &[key, trouble] : troubles_) {
+            const bool wasGivenUp = trouble.unanswered >= 3;
             trouble.refusals = trouble.unanswered = 0;
             if (trouble.deaths < 2) {
                 trouble.last = 0;
+            } else if (wasGivenUp) {
+                trouble.last = failures_;
             }
         }
         deliver();

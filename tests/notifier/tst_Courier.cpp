@@ -238,6 +238,21 @@ private slots:
         QCOMPARE(server_->given.size(), 4);
     }
 
+    void oneThatServersDoNotSurviveAndThatWasNeverAnsweredIsGivenToTheNextServer()
+    {
+        ledger_->transact([this] { ledger_->remove({QStringLiteral("b-1h")}); });
+        courier_->deliver();
+        qsizetype attempts = 0;
+        for (const auto failure : {Died, Died, Unanswered, Unanswered, Unanswered}) {
+            QVERIFY(wasGiven(++attempts));
+            emit server_->failed(failure);
+        }
+
+        emit server_->appeared();
+
+        QVERIFY(wasGiven(6)); // After the pause.
+    }
+
     void aLateAnswerCounts()
     {
         useEndlessPauses();

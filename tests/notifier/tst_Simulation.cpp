@@ -31,8 +31,7 @@ class TestSimulation final : public QObject {
 private slots:
     void initTestCase() { before_ = qInstallMessageHandler(dropWarnings); }
 
-    /// Fifty seeds at a time: each row has five minutes, under sanitizers and on a busy machine
-    /// too.
+    /// Fifty seeds a row, so that a run of many shows how far it is.
     void whateverHappensTheCentresDoWhatTheModelDoes_data()
     {
         QTest::addColumn<int>("first");
