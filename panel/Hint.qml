@@ -15,6 +15,8 @@ Item {
     required property bool shown
     required property string words
 
+    property Item content: null
+
     function window(): Item {
         let item = root as Item
         while (item.parent !== null)
@@ -24,15 +26,18 @@ Item {
 
     anchors.fill: parent
     Accessible.ignored: true
-    // The bubble is a child of the window, so without this it would stay a moment longer than this
-    // item.
-    Component.onDestruction: bubbles.model = 0
+    onShownChanged: {
+        if (root.shown)
+            root.content = waiting.createObject(root)
+        else if (root.content !== null)
+            root.content.destroy()
+    }
 
-    Repeater {
-        id: bubbles
+    // There are many hints, and few are ever shown.
+    Component {
+        id: waiting
 
-        model: root.shown ? 1 : 0
-        delegate: Item {
+        Item {
             Timer {
                 id: rest
 

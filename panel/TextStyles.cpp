@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QFontInfo>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -59,6 +60,16 @@ QFont TextStyles::caption()
 QFont TextStyles::captionMedium()
 {
     return style(0.85, QFont::Medium);
+}
+
+int TextStyles::lineHeight(const QFont &font)
+{
+    return static_cast<int>(std::ceil(QFontMetricsF{font}.height()));
+}
+
+int TextStyles::width(const QString &text, const QFont &font)
+{
+    return static_cast<int>(std::ceil(QFontMetricsF{font}.horizontalAdvance(text)));
 }
 
 bool TextStyles::eventFilter(QObject *watched, QEvent *event)

@@ -33,6 +33,11 @@ public:
     [[nodiscard]] static QFont caption();
     [[nodiscard]] static QFont captionMedium();
 
+    /// What a line of this font takes, in whole device-independent pixels.
+    Q_INVOKABLE [[nodiscard]] static int lineHeight(const QFont &font);
+    /// What a text on one line takes, in whole device-independent pixels.
+    Q_INVOKABLE [[nodiscard]] static int width(const QString &text, const QFont &font);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:

@@ -23,6 +23,9 @@ QtObject {
     readonly property font body: TextStyles.body
     readonly property font caption: TextStyles.caption
     readonly property font captionMedium: TextStyles.captionMedium
+    // The heights of a line of body text and of a caption.
+    readonly property int bodyLine: TextStyles.lineHeight(theme.body)
+    readonly property int captionLine: TextStyles.lineHeight(theme.captionMedium)
 
     // The contrast ratios that text, symbols and outlines must have to their surroundings.
     readonly property real textRatio: Contrast.more ? 7 : 4.5

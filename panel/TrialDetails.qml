@@ -2,32 +2,36 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
-import QtQuick.Layouts
+
+import org.norvane.panel
 
 // The line below a trial's name: the days left and, where there is one, the cost. A number of days
 // too long for the room is written smaller; the cost is cut.
-RowLayout {
+Item {
     id: root
 
     required property string daysText
     required property color daysColor
     required property string costText
-    required property real room
 
-    spacing: 6
-    Layout.preferredHeight: Math.ceil(line.height)
+    height: Theme.captionLine
 
     Text {
+        id: days
+
+        readonly property real needed: TextStyles.width(root.daysText, Theme.captionMedium)
+
+        anchors { left: parent.left; verticalCenter: parent.verticalCenter }
+        width: Math.min(days.needed, root.width)
         text: root.daysText
         textFormat: Text.PlainText
         font: Theme.captionMedium
-        fontSizeMode: Text.HorizontalFit
+        fontSizeMode: days.needed > root.width ? Text.HorizontalFit : Text.FixedSize
         color: root.daysColor
         Accessible.ignored: true
-        Layout.preferredWidth: Math.min(Math.ceil(days.advanceWidth), root.room)
-        Layout.minimumWidth: Layout.preferredWidth
     }
     Text {
+        anchors { left: days.right; leftMargin: 6; right: parent.right; verticalCenter: parent.verticalCenter }
         visible: root.costText !== ""
         horizontalAlignment: Text.AlignLeft
         // In a line from right to left its dot too stands beside the days.
@@ -37,18 +41,5 @@ RowLayout {
         color: Theme.secondary
         elide: Text.ElideRight
         Accessible.ignored: true
-        Layout.fillWidth: true
-    }
-
-    FontMetrics {
-        id: line
-
-        font: Theme.captionMedium
-    }
-    TextMetrics {
-        id: days
-
-        font: Theme.captionMedium
-        text: root.daysText
     }
 }

@@ -3,9 +3,7 @@
 
 pragma ComponentBehavior: Bound
 
-import QtQml
 import QtQuick
-import QtQuick.Layouts
 import QtQuick.Templates as T
 
 import org.norvane.panel
@@ -30,9 +28,9 @@ Item {
     // The item that asked for the deletion; the focus returns there.
     property Item asker: trash
 
+    // The name and the line below it.
+    readonly property real linesHeight: Theme.bodyLine + 2 + Theme.captionLine
     readonly property bool showsFocus: root.activeFocus || trash.showsFocus
-    // Between the badge and the trash button.
-    readonly property real roomForText: content.width - badge.width - trash.width + 2 * trash.padding - 3 * content.spacing
     readonly property hue urgencyColor: {
         switch (root.presentation.urgency) {
         case Urgency.Over: return Theme.red
@@ -58,13 +56,14 @@ Item {
         root.showDeleteConfirm = true
     }
 
-    implicitHeight: content.implicitHeight + 8
+    implicitHeight: Math.max(badge.height, root.linesHeight) + 8
     activeFocusOnTab: root.stop || root.activeFocus
 
     Accessible.role: Accessible.ListItem
     Accessible.name: root.sentence
     Accessible.description: root.place
     Accessible.focusable: true
+    onShowDeleteConfirmChanged: if (root.showDeleteConfirm) confirmation.createObject(root)
     onActiveFocusChanged: if (root.activeFocus) root.arrive(root, Qt.OtherFocusReason)
     Keys.onPressed: event => {
         const inward = root.LayoutMirroring.enabled ? Qt.Key_Left : Qt.Key_Right
@@ -82,100 +81,84 @@ Item {
             event.accepted = false
     }
 
-    RowLayout {
-        id: content
-
-        anchors { fill: parent; leftMargin: Theme.padding; rightMargin: Theme.padding }
-        spacing: 10
-
-        UrgencyBadge {
-            id: badge
-
-            symbol: root.presentation.badgeSymbol
-            hue: root.urgencyColor
-        }
-        ColumnLayout {
-            spacing: 2
-
-            Text {
-                id: name
-
-                horizontalAlignment: Text.AlignLeft
-                text: root.presentation.shownName
-                textFormat: Text.PlainText
-                font: Theme.body
-                color: Theme.primary
-                elide: Text.ElideRight
-                maximumLineCount: 1
-                verticalAlignment: Text.AlignVCenter
-                Accessible.ignored: true
-                Layout.fillWidth: true
-                // The same in every script: letters of other fonts are higher than those of this one.
-                Layout.preferredHeight: Math.ceil(bodyLine.height)
-
-                HoverHandler { id: nameUnderPointer }
-                Hint {
-                    shown: name.truncated && nameUnderPointer.hovered
-                    words: name.text
-                }
-            }
-            TrialDetails {
-                daysText: root.presentation.daysText
-                daysColor: root.urgencyColor.text
-                costText: root.presentation.costText
-                room: root.roomForText
-            }
-        }
-        Item {}
-        PlainButton {
-            id: trash
-
-            //: What a screen reader says of a row's trash button.
-            text: qsTr("Delete")
-            display: T.AbstractButton.IconOnly
-            symbol: "trash"
-            font: Theme.caption
-            color: Theme.secondary
-            focusPolicy: Qt.ClickFocus
-            activeFocusOnTab: root.stop || trash.activeFocus
-            Accessible.description: root.presentation.spokenName
-            Layout.margins: -trash.padding
-
-            onActiveFocusChanged: if (trash.activeFocus) root.arrive(trash, trash.focusReason)
-            onClicked: root.ask(trash)
-        }
-    }
-
+    // Lit under the pointer; with a ring while the row has the focus.
     FocusRing {
+        id: ring
+
+        readonly property bool needed: LastInput.isKey && root.activeFocus
+
         anchors { fill: parent; margins: 1; leftMargin: 8; rightMargin: 8 }
-        visible: LastInput.isKey && root.activeFocus
-    }
-    HoverHandler { id: pointer }
-    Rectangle {
-        z: -1
-        anchors { fill: parent; leftMargin: 8; rightMargin: 8; bottomMargin: root.ruled ? 1 : 0 }
-        visible: pointer.hovered
-        radius: Theme.corner
-        color: Theme.lit
+        visible: ring.needed || pointer.hovered
+        color: pointer.hovered ? Theme.lit : "transparent"
+        border.width: ring.needed ? 2 : 0
     }
     Rectangle {
-        z: -1
-        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
-        anchors { leftMargin: Theme.padding + badge.width + content.spacing; rightMargin: Theme.padding }
+        anchors { left: name.left; right: parent.right; bottom: parent.bottom; rightMargin: Theme.padding }
         visible: root.ruled
         height: 1
         color: Theme.separator
     }
-    FontMetrics {
-        id: bodyLine
+    UrgencyBadge {
+        id: badge
 
-        font: Theme.body
+        anchors { left: parent.left; leftMargin: Theme.padding; verticalCenter: parent.verticalCenter }
+        symbol: root.presentation.badgeSymbol
+        hue: root.urgencyColor
     }
+    Text {
+        id: name
+
+        anchors { left: badge.right; leftMargin: 10; right: trash.left; rightMargin: 20 - trash.padding }
+        y: Math.round((root.height - root.linesHeight) / 2)
+        // The same in every script: letters of other fonts are higher than those of this one.
+        height: Theme.bodyLine
+        horizontalAlignment: Text.AlignLeft
+        text: root.presentation.shownName
+        textFormat: Text.PlainText
+        font: Theme.body
+        color: Theme.primary
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+
+        Hint {
+            shown: name.truncated && pointer.hovered && name.contains(root.mapToItem(name, pointer.point.position))
+            words: name.text
+        }
+    }
+    TrialDetails {
+        anchors { left: name.left; right: name.right; top: name.bottom; topMargin: 2 }
+        daysText: root.presentation.daysText
+        daysColor: root.urgencyColor.text
+        costText: root.presentation.costText
+    }
+    PlainButton {
+        id: trash
+
+        anchors { right: parent.right; rightMargin: Theme.padding - trash.padding; verticalCenter: parent.verticalCenter }
+        //: What a screen reader says of a row's trash button.
+        text: qsTr("Delete")
+        display: T.AbstractButton.IconOnly
+        symbol: "trash"
+        font: Theme.caption
+        color: Theme.secondary
+        focusPolicy: Qt.ClickFocus
+        activeFocusOnTab: root.stop || trash.activeFocus
+        Accessible.description: root.presentation.spokenName
+
+        onActiveFocusChanged: if (trash.activeFocus) root.arrive(trash, trash.focusReason)
+        onClicked: root.ask(trash)
+    }
+    HoverHandler { id: pointer }
 
     // Created when it is needed, and destroyed after the answer.
-    Instantiator {
-        active: root.showDeleteConfirm
-        delegate: DeleteAlert {
+    Component {
+        id: confirmation
+
+        DeleteAlert {
+            id: alert
+
             parent: root
             shownName: root.presentation.shownName
             spokenName: root.presentation.spokenName
@@ -184,6 +167,7 @@ Item {
             onClosed: {
                 root.showDeleteConfirm = false
                 root.asker.forceActiveFocus(Qt.PopupFocusReason)
+                alert.destroy()
             }
         }
     }

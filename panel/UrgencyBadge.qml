@@ -6,7 +6,7 @@ import QtQuick
 import org.norvane.panel
 
 // How urgent a trial is, as a symbol on a round patch of its colour.
-Item {
+Rectangle {
     id: root
 
     required property string symbol
@@ -14,14 +14,11 @@ Item {
 
     implicitWidth: 32
     implicitHeight: 32
+    radius: 16
+    color: root.hue.patch
 
-    Rectangle {
-        anchors.fill: root
-        radius: 16
-        color: root.hue.patch
-    }
     Symbol {
-        anchors.centerIn: root
+        anchors.centerIn: parent
         name: root.symbol
         color: root.hue.symbolOnPatch
         size: Math.min(Theme.symbolSize(Theme.caption), 20)

@@ -13,6 +13,8 @@ PanelTest {
 
     SignalSpy { id: deletions; signalName: "delete_" }
 
+    function badgeOf(row) { return Array.from(row.children).find(child => child.hasOwnProperty("hue")) }
+
     function test_theTimeLeftGivesTextColourAndSymbol_data() {
         return [{ tag: "3d left", hours: 73, hue: "yellow", symbol: "bell" },
                 { tag: "1d left", hours: 36, hue: "orange", symbol: "exclamationmark.2" },
@@ -25,7 +27,7 @@ PanelTest {
 
         const row = found("Acme, " + data.tag)
         compare(fixture.text(test, data.tag).color.toString(), Theme[data.hue].text.toString())
-        const badge = row.children[0].children[0]
+        const badge = badgeOf(row)
         compare(badge.symbol, data.symbol)
         compare([badge.width, badge.height], [32, 32])
         compare(badge.hue.patch.toString(), Theme[data.hue].patch.toString())
@@ -91,7 +93,7 @@ PanelTest {
         const panel = open([{ name: "Acme", hours: 50, cost: 9.5 }])
 
         const row = found("Acme, 2d left, $9.50")
-        const badge = row.children[0].children[0]
+        const badge = badgeOf(row)
         const label = fixture.text(test, "Acme"), days = fixture.text(test, "2d left"), cost = fixture.text(test, "· $9.50")
         const x = item => item.mapToItem(row, 0, 0).x, y = item => item.mapToItem(row, 0, 0).y
         compare(x(badge), 16)
