@@ -27,6 +27,7 @@ class Shell:
         self.log = desktop.folder / f"{self.program.name}.log"
         self.log.unlink(missing_ok=True)
         desktop.run("xdotool", "mousemove", 500, 400)
+        desktop.wait_until_still()  # What was here before, also another icon, may still be going.
         self.before = desktop.screenshot(desktop.folder / "without-icon.png")
         self.process = desktop.start(self.program, **self.environment)
         wait_until(lambda: desktop.owns("org.norvane.Norvane"), "Norvane on the bus")
