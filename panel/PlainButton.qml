@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Norvane authors
 // SPDX-License-Identifier: MIT
 
-import QtQuick
 import QtQuick.Templates as T
 
 import org.norvane.panel
