@@ -147,6 +147,18 @@ private slots:
         QCOMPARE(ledger_->pending().value().size(), 2U);
     }
 
+    void whatTheDiskRefusesInTheMiddleOfATransactionIsKept()
+    {
+        add(*ledger_, QStringLiteral("a-1h"));
+        // Unlike a full disk, FAIL leaves the transaction open.
+        QVERIFY(otherProgram(QStringLiteral("CREATE TRIGGER refuse BEFORE INSERT ON pending "
+                                            "BEGIN SELECT RAISE(FAIL, 'refused'); END")));
+
+        add(*ledger_, QStringLiteral("b-1h"));
+
+        QCOMPARE(ledger_->pending().value().size(), 2U);
+    }
+
     void whatCannotBeReadIsAnError()
     {
         add(*ledger_, QStringLiteral("a-1h"));

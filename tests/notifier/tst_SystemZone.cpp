@@ -4,6 +4,7 @@
 #include "notifier/SystemZone.h"
 #include "tests/support/TestProgram.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
@@ -111,6 +112,20 @@ private slots:
         point(QStringLiteral("Asia/Seoul"));
 
         QTRY_COMPARE(zone.zone(), Zone{QTimeZone{"Asia/Seoul"}});
+    }
+
+    void nothingElseInTheFolderWakesIt()
+    {
+        SystemZone zone;
+        zone.watch();
+        QAbstractEventDispatcher &dispatcher = *QAbstractEventDispatcher::instance();
+        dispatcher.processEvents(QEventLoop::AllEvents); // What was underway before.
+
+        QFile file{folder_->filePath(QStringLiteral("other"))};
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.close();
+
+        QVERIFY(!dispatcher.processEvents(QEventLoop::AllEvents));
     }
 
     void anythingElseInTheFolderIsNoChange()
