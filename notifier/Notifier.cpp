@@ -132,8 +132,7 @@ void Notifier::leaveIfIdle()
             save();
             // A successor finds only what is in the file.
             if (isBusy() && !(ledger_.isOnDisk() && startSuccessor()) && claimName()) {
-                courier_.release();
-                callCame();
+                courier_.release(); // The end of what keeps it busy restarts the timer.
             } else {
                 emit finished(End::Done);
             }
