@@ -74,7 +74,9 @@ ServiceFacade::~ServiceFacade() = default;
 bool ServiceFacade::RequestAuthorization(uint /*options*/)
 {
     emit called();
-    return true; // Whether and how notifications appear is for the user to set on the server.
+    // Whether and how notifications appear is for the user to set on the server.
+    collect(message().createReply(true));
+    return {};
 }
 
 void ServiceFacade::AddRequest(const QString &identifier, const QString &title, const QString &body,
@@ -137,12 +139,10 @@ bool ServiceFacade::isRefused(QLatin1StringView argument, const QString &text)
 
 void ServiceFacade::refuse(const QString &reason)
 {
-    if (message().isReplyRequired()) {
-        sendErrorReply(QDBusError::InvalidArgs, reason);
-    }
+    collect(message().createErrorReply(QDBusError::InvalidArgs, reason));
 }
 
-void ServiceFacade::collect(std::variant<Change, ListPending> work)
+void ServiceFacade::collect(Work work)
 {
     setDelayedReply(true);
     QDBusMessage call = message();
@@ -175,8 +175,8 @@ void ServiceFacade::write()
             }
         }
     }
-    for (const Call &list : round.lists) {
-        answerList(list.message);
+    for (const Call &call : round.others) {
+        answer(call);
     }
     if (calls_.empty()) {
         pause_.stop();
@@ -196,9 +196,11 @@ ServiceFacade::Round ServiceFacade::nextRound()
             round.left.push_back(std::move(call));
             continue;
         }
-        if (std::holds_alternative<ListPending>(call.work)) {
-            waiting.insert(caller); // What comes after it must not show in its answer.
-            round.lists.push_back(std::move(call));
+        if (!std::holds_alternative<Change>(call.work)) {
+            if (std::holds_alternative<ListPending>(call.work)) {
+                waiting.insert(caller); // What comes after it must not show in its answer.
+            }
+            round.others.push_back(std::move(call));
             continue;
         }
         const auto &change = std::get<Change>(call.work);
@@ -221,6 +223,15 @@ ServiceFacade::Round ServiceFacade::nextRound()
         }
     }
     return round;
+}
+
+void ServiceFacade::answer(const Call &call)
+{
+    if (const auto *const ready = std::get_if<QDBusMessage>(&call.work)) {
+        reply(call.message, *ready);
+    } else {
+        answerList(call.message);
+    }
 }
 
 void ServiceFacade::answerList(const QDBusMessage &call)

@@ -23,7 +23,8 @@ namespace norvane {
 ///
 /// Changes are collected while calls keep coming and written in one transaction; each call is
 /// answered once its change is durable. An answer that it is not (StorageError) means: kept in
-/// memory only.
+/// memory only. Calls that change nothing are collected too: a caller takes the answer to its last
+/// call for the sign that those before it are durable.
 ///
 /// A removal of very many identifiers is applied in slices, with a turn of the event loop between
 /// them. Later calls of the same caller wait for its end, those of other callers do not.
@@ -52,24 +53,26 @@ signals:
 
 private:
     struct ListPending {};
+    using Work = std::variant<Change, ListPending, QDBusMessage>; ///< The last is a ready answer.
     struct Call {
         QDBusMessage message; ///< Without its arguments.
-        std::variant<Change, ListPending> work;
+        Work work;
         qsizetype done = 0; ///< Of the identifiers of a removal.
     };
     /// What one transaction applies, the calls that it ends, and the calls that wait for the next.
     struct Round {
         std::vector<Change> changes;
         std::vector<std::optional<Call>> ended; ///< For each change: the call, if it ends with it.
-        std::vector<Call> lists;
+        std::vector<Call> others;               ///< Calls that change nothing.
         std::vector<Call> left;
     };
 
     [[nodiscard]] bool isRefused(QLatin1StringView argument, const QString &text);
     void refuse(const QString &reason);
-    void collect(std::variant<Change, ListPending> work);
+    void collect(Work work);
     void write();
     [[nodiscard]] Round nextRound();
+    void answer(const Call &call);
     void answerList(const QDBusMessage &call);
     void answer(const QDBusMessage &call, Scheduler::Outcome outcome);
     void reply(const QDBusMessage &call, const QDBusMessage &answer);
