@@ -27,9 +27,7 @@ SystemZone::SystemZone(QObject *parent)
 
 SystemZone::~SystemZone()
 {
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
+    ::close(descriptor_); // Refused where there is none.
 }
 
 void SystemZone::watch()
@@ -71,13 +69,12 @@ bool SystemZone::watchLink()
 {
     constexpr std::uint32_t changes = IN_ATTRIB | IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF;
     const QByteArray link = QFile::encodeName(link_);
-    if (::inotify_add_watch(descriptor_, link.constData(), changes | IN_DONT_FOLLOW) < 0) {
+    if (::inotify_add_watch(descriptor_, link.constData(), changes | IN_DONT_FOLLOW) == -1) {
         return false;
     }
     ::inotify_add_watch(descriptor_, link.constData(), changes); // Where it points to, if anywhere.
-    if (folderWatch_ >= 0) {
-        ::inotify_rm_watch(descriptor_, std::exchange(folderWatch_, -1));
-    }
+    // Refused where the folder is not watched.
+    ::inotify_rm_watch(descriptor_, std::exchange(folderWatch_, -1));
     return true;
 }
 

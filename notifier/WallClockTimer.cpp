@@ -37,9 +37,7 @@ WallClockTimer::WallClockTimer(QObject *parent)
 
 WallClockTimer::~WallClockTimer()
 {
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
+    ::close(descriptor_); // Refused where there is none.
 }
 
 void WallClockTimer::set(std::chrono::sys_seconds moment)
