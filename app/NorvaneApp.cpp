@@ -55,6 +55,15 @@ constexpr auto timeToBeHosted = 2s;
 const QString nameConnection = QStringLiteral("norvane");
 const QString iconConnection = QStringLiteral("norvane-icon");
 
+/// Ends the process where Qt calls exit() from within the event loop, which it does when the
+/// display is gone. Other threads are running then, and would use globals that exit() destroys.
+void endWithoutDestroying()
+{
+    if (QCoreApplication::instance() != nullptr) {
+        std::_Exit(EXIT_FAILURE);
+    }
+}
+
 int fail(const QString &reason)
 {
     std::fprintf(stderr, "norvane: %s\n", qUtf8Printable(reason));
@@ -185,6 +194,7 @@ int NorvaneApp::run(int &argc, char **argv)
         notificationCenter.setBusAddress(sessionBus.address());
     });
 
+    std::ignore = std::atexit(endWithoutDestroying); // Handlers registered last are called first.
     const int status = QGuiApplication::exec();
     // Handing the last calls to the centre may take some seconds; the user need not see that.
     isEnding = true;
