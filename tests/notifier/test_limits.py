@@ -71,19 +71,6 @@ def test_an_identifier_of_60_mib_names_nothing_and_is_not_kept_in_memory(notifie
                "the memory's return")
 
 
-def test_after_a_burst_its_memory_comes_back(notifier):
-    notifier.start()
-    notifier.add("a-1h", FAR)
-    time.sleep(1)  # Half a second after the last call it gives back what it does not need.
-    before = memory(notifier.process.pid)["Private"]
-
-    for i in range(10_000):
-        notifier.tell("AddRequest", GLib.Variant("(sssss)", (f"{i}-1h", "Title", "Body" * 50, "", FAR)))
-    notifier.remove("a-1h")
-
-    wait_until(lambda: memory(notifier.process.pid)["Private"] < before + 512, "the memory's return", 10)
-
-
 def test_a_removal_of_very_many_identifiers_lets_others_through(notifier, bus):
     notifier.start()
     notifier.add("a-1h", FAR)
