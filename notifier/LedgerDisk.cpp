@@ -124,7 +124,7 @@ bool LedgerDisk::isInPlace() const
 LedgerDisk::Stamp LedgerDisk::stamp() const
 {
     Stamp stamp{};
-    auto next = stamp.begin();
+    auto *next = stamp.data();
     for (const char *const part : {"", "-wal"}) {
         struct stat status = {};
         std::ignore =

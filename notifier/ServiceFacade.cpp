@@ -147,7 +147,7 @@ void ServiceFacade::collect(Work work)
     setDelayedReply(true);
     QDBusMessage call = message();
     call.setArguments({}); // They may be large, and are in `work`.
-    calls_.push_back({.message = std::move(call), .work = std::move(work)});
+    calls_.push_back({.message = call, .work = std::move(work)});
     if (calls_.size() >= fullBurst) {
         write();
     } else if (!pause_.isActive()) {
