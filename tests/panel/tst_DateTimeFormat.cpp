@@ -58,7 +58,7 @@ private slots:
                                                        << "8.01.2025 г."
                                                        << "15:04";
         QTest::newRow("Egyptian, digits and marks of its own") << "ar_EG"
-                                                               << "٨‏/١‏/٢٠٢٥"
+                                                               << "٨\u200f/١\u200f/٢٠٢٥"
                                                                << "٣:٠٤ م";
         QTest::newRow("none at all") << "C"
                                      << "8 Jan 2025"

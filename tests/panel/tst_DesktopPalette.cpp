@@ -48,11 +48,22 @@ public:
     void change(const QPalette &palette)
     {
         palette_ = palette;
-        using Delivery = QWindowSystemInterface::SynchronousDelivery;
-        QWindowSystemInterface::handleThemeChange<Delivery>(nullptr);
+        tellOfChange<QWindowSystemInterface>();
     }
 
 private:
+    /// Later versions of Qt no longer ask which window is concerned.
+    template <typename System>
+    static void tellOfChange()
+    {
+        using Delivery = QWindowSystemInterface::SynchronousDelivery;
+        if constexpr (requires { System::template handleThemeChange<Delivery>(); }) {
+            System::template handleThemeChange<Delivery>();
+        } else {
+            System::template handleThemeChange<Delivery>(nullptr);
+        }
+    }
+
     QPalette palette_;
     QPlatformTheme *former_;
 };
