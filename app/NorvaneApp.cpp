@@ -194,7 +194,9 @@ int NorvaneApp::run(int &argc, char **argv)
         notificationCenter.setBusAddress(sessionBus.address());
     });
 
-    std::ignore = std::atexit(endWithoutDestroying); // Handlers registered last are called first.
+    // As late as possible: handlers registered last are called first. Where it cannot be
+    // registered, only the end without a display is less orderly.
+    std::ignore = std::atexit(endWithoutDestroying);
     const int status = QGuiApplication::exec();
     // Handing the last calls to the centre may take some seconds; the user need not see that.
     isEnding = true;
