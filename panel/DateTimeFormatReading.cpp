@@ -252,8 +252,15 @@ std::optional<DateTimeFormat::Half> DateTimeFormat::halfIn(const QString &typed)
     if (!hasLetter(typed)) {
         return Half::Unsaid;
     }
-    bool second = compact(typed).contains(compact(locale_.pmText()), Qt::CaseInsensitive);
-    bool first = compact(typed).contains(compact(locale_.amText()), Qt::CaseInsensitive);
+    const QString pm = compact(locale_.pmText());
+    const QString am = compact(locale_.amText());
+    bool second = compact(typed).contains(pm, Qt::CaseInsensitive);
+    bool first = compact(typed).contains(am, Qt::CaseInsensitive);
+    if (second && first) {
+        // One can be a part of the other, like Akan's "AN" and "ANW": the longer one is meant then.
+        second = pm.size() > am.size();
+        first = am.size() > pm.size();
+    }
     if (second == first) {
         second = typed.contains(u'p', Qt::CaseInsensitive);
         first = typed.contains(u'a', Qt::CaseInsensitive);

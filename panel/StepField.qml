@@ -58,8 +58,8 @@ FormTextField {
     text: root.shown
     value: root.calendar.valueOf(root.moment, root.part)
     onActiveFocusChanged: {
-        const keepsSelection = root.focusReason === Qt.MouseFocusReason || root.focusReason === Qt.PopupFocusReason
-        if (root.activeFocus && !keepsSelection)
+        const isReturn = root.menuOpen || root.focusReason === Qt.PopupFocusReason
+        if (root.activeFocus && !isReturn && root.focusReason !== Qt.MouseFocusReason)
             root.selectAll()
     }
     onEditingFinished: if (!root.menuOpen) root.commit()
