@@ -151,7 +151,7 @@ class Tour:
         self.picture("the trial is gone")
         self.quit(process)
 
-        noise = (desktop.folder / "norvane.log").read_text()
+        noise = desktop.said("norvane")
         assert not noise, f"Norvane said on the console: {noise}"
 
 

@@ -78,13 +78,10 @@ QList<ScreenArea> WindowSystem::screens() const
     QList<ScreenArea> areas;
     for (const QScreen *const screen : QGuiApplication::screens()) { // The primary one leads.
         const QRect device = corrected(inDevicePixels(*screen));
-        // Qt's work area is relative to the position at which Qt believes the screen to be.
-        const QPoint moved =
-            scaled(device.topLeft(), *screen).toPoint() - screen->geometry().topLeft();
-        const QRect whole = screen->geometry().translated(moved);
-        const QRect work = workArea(Struts::workArea(device, strips), device, whole, *screen);
-        areas.append(
-            {.whole = whole, .work = work & screen->availableGeometry().translated(moved)});
+        const QRect whole{scaled(device.topLeft(), *screen).toPoint(), screen->geometry().size()};
+        // Not QScreen::availableGeometry(): Qt 6.10 leaves its position unscaled.
+        areas.append({.whole = whole,
+                      .work = workArea(Struts::workArea(device, strips), device, whole, *screen)});
     }
     return areas;
 }

@@ -53,7 +53,8 @@ public:
 protected:
     /// A screen's true rectangle in device pixels, which can differ from Qt's.
     [[nodiscard]] virtual QRect corrected(const QRect &screen) const;
-    /// The strips that panels reserve for themselves, in device pixels.
+    /// The strips that panels reserve for themselves, in device pixels. None on Wayland, where no
+    /// program is told of them.
     [[nodiscard]] virtual QList<Struts::Strip> panelStrips() const;
 };
 

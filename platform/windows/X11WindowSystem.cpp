@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QWindow>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -100,7 +101,32 @@ QList<Struts::Strip> X11WindowSystem::panelStrips() const
     for (qsizetype i = 0; i < windows.size(); ++i) {
         strips += Struts::strips(partial.at(i).isEmpty() ? whole.at(i) : partial.at(i), size);
     }
+    if (QGuiApplication::screens().size() == 1) {
+        strips += windowManagersStrips(size);
+    }
     return strips;
+}
+
+/// What the window manager leaves no room for around its work area: a panel of its own, like GNOME
+/// Shell's, has no window with a strut. One area for all screens tells nothing about each.
+QList<Struts::Strip> X11WindowSystem::windowManagersStrips(const QSize &display) const
+{
+    const auto cardinals = [this](const char *property) {
+        return display_.numbers(display_.root(), display_.atom(property), XCB_ATOM_CARDINAL);
+    };
+    const QList<int> areas = cardinals("_NET_WORKAREA"); // Of each workspace.
+    const qsizetype first = 4 * qsizetype{cardinals("_NET_CURRENT_DESKTOP").value(0)};
+    const auto length = [&](qsizetype index) {
+        constexpr int longest = 0x7fff; // On any display.
+        return std::clamp(areas.value(first + index), 0, longest);
+    };
+    const QRect area{length(0), length(1), length(2), length(3)};
+    if (area.isEmpty()) {
+        return {};
+    }
+    return Struts::strips({area.x(), display.width() - area.x() - area.width(), area.y(),
+                           display.height() - area.y() - area.height()},
+                          display);
 }
 
 QSize X11WindowSystem::displaySize() const

@@ -11,9 +11,9 @@ namespace norvane {
 /// The window system on X11, XWayland included.
 ///
 /// Talks to the window manager directly where Qt does not suffice. Qt reads no work areas when
-/// there are several screens. And Qt requests the keyboard with the time of the last key or click
-/// that it saw itself; a window manager may refuse that after a click on the icon, which Qt never
-/// sees.
+/// there are several screens, and Qt 6.10 misplaces one that is scaled. And Qt requests the
+/// keyboard with the time of the last key or click that it saw itself; a window manager may refuse
+/// that after a click on the icon, which Qt never sees.
 class X11WindowSystem final : public WindowSystem {
 public:
     X11WindowSystem();
@@ -26,6 +26,7 @@ protected:
     [[nodiscard]] QList<Struts::Strip> panelStrips() const override;
 
 private:
+    [[nodiscard]] QList<Struts::Strip> windowManagersStrips(const QSize &display) const;
     [[nodiscard]] QSize displaySize() const;
     [[nodiscard]] xcb_timestamp_t now() const;
 

@@ -122,6 +122,16 @@ def test_it_opens_centred_below_an_icon_in_mid_screen(desktop, scaling):
         assert 30 <= top <= 40
 
 
+def test_it_stays_inside_a_work_area_that_only_the_window_manager_knows(desktop):
+    desktop.start(*TRAYER)
+    with Shell(desktop) as shell:
+        icon(desktop, shell)
+        desktop.run("xprop", "-root", "-f", "_NET_WORKAREA", "32c", "-set", "_NET_WORKAREA", "0, 60, 1280, 740")
+        shell.press()
+
+        assert shell.wait_open()[1] == 64
+
+
 def test_an_icon_whose_process_died_comes_back(desktop):
     desktop.start(*TRAYER)
     with Shell(desktop) as shell:

@@ -179,7 +179,7 @@ def main(build):
         ask_for_the_last_word(user)
         user.process.terminate()
         assert user.process.wait(10) == 0, "SIGTERM does not end it"
-        noise = (folder / "norvane.log").read_text()
+        noise = desktop.said("norvane")
         assert not noise, f"Norvane said on the console: {noise}"
 
 

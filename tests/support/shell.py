@@ -24,8 +24,7 @@ class Shell:
 
     def __enter__(self):
         desktop = self.desktop
-        self.log = desktop.folder / f"{self.program.name}.log"
-        self.log.unlink(missing_ok=True)
+        (desktop.folder / f"{self.program.name}.log").unlink(missing_ok=True)
         desktop.run("xdotool", "mousemove", 500, 400)
         desktop.wait_until_still()  # What was here before, also another icon, may still be going.
         self.before = desktop.screenshot(desktop.folder / "without-icon.png")
@@ -37,7 +36,7 @@ class Shell:
         self.desktop.stop(self.process)
 
     def output(self):
-        return self.log.read_text()
+        return self.desktop.said(self.program.name)
 
     def find_icon(self, what="the icon"):
         """Where the icon is: what differs from before, as soon as that has the size of an icon."""
