@@ -188,7 +188,6 @@ bool LedgerStorage::goBackToDisk()
     holdsAll_ = holdsAll_ && state != LedgerDisk::State::InUse;
     onDisk_ = state == LedgerDisk::State::Ready && copyToDisk();
     execute(waitForOthers);
-    statements_.clear();
     if (!onDisk_) {
         LedgerDisk::detach(database_);
         left_ = disk_.stamp();
@@ -213,7 +212,6 @@ bool LedgerStorage::handOver()
             change(QStringLiteral("DELETE FROM main.%1").arg(table));
         }
     });
-    statements_.clear();
     LedgerDisk::detach(database_);
     if (isDone) {
         disk_.tellOthers();

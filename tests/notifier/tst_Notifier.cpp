@@ -100,6 +100,17 @@ private slots:
         bus_.withdrawOffer(busNames::notificationCenter);
     }
 
+    void itDoesNotStartWhereTheConnectionHasAnotherObjectInItsPlace()
+    {
+        QTemporaryDir folder;
+        Notifier second{connection_, clock_, Notifier::Settings{.folder = folder.path()}};
+        QTest::ignoreMessage(
+            QtCriticalMsg,
+            "The object of the notification centre cannot be put on the session bus.");
+
+        QVERIFY(!second.start());
+    }
+
 private:
     /// A call that the bus has passed on already, and that is not looked at yet.
     void callWhileItLeaves(const QString &trigger = QStringLiteral("9999-01-01T12:00"))
