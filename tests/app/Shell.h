@@ -35,7 +35,7 @@ struct Shell {
     }
 
     void launch() { delegate->applicationDidFinishLaunching(); }
-    void press() { statusItem.item()->press(); }
+    void press() const { statusItem.item()->press(); }
 
     /// The popover; null before the launch.
     [[nodiscard]] static Popover *popover()

@@ -32,7 +32,7 @@ public:
         [[nodiscard]] qint64 end() const
         {
             const QString lead = key.first.section(u'-', -1);
-            return due + 3'600 * (lead == u"1h" ? 1 : lead == u"3d" ? 72 : 24);
+            return due + qint64{3'600} * (lead == u"1h" ? 1 : lead == u"3d" ? 72 : 24);
         }
         [[nodiscard]] bool isMissed(qint64 now) const { return due + 60 <= now; }
     };
@@ -226,7 +226,7 @@ private:
 
     void forgetOld()
     {
-        const qint64 aWeekAgo = now_ - 7 * 86'400;
+        const qint64 aWeekAgo = now_ - qint64{7} * 86'400;
         std::erase_if(memory.delivered, [&](const auto &one) { return one.second < aWeekAgo; });
         std::erase_if(memory.pending,
                       [&](const Entry &e) { return e.lapsed && *e.lapsed < aWeekAgo; });

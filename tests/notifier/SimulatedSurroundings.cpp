@@ -10,6 +10,7 @@
 
 #include <QUuid>
 
+#include <iterator>
 #include <utility>
 
 namespace norvane::simulation {
@@ -21,7 +22,7 @@ Key keyOf(const NotificationRequest &request)
                                       std::chrono::month{static_cast<unsigned>(at.month)} /
                                       std::chrono::day{static_cast<unsigned>(at.day)};
     return {request.identifier,
-            qint64{day.time_since_epoch().count()} * 1'440 + at.hour * 60 + at.minute};
+            qint64{day.time_since_epoch().count()} * 1'440 + qint64{at.hour} * 60 + at.minute};
 }
 
 /// Norvane starts.
@@ -42,7 +43,7 @@ void SimulatedWorld::planTrial(Centre &centre, const QString &id)
     const QStringList planned = ReminderSchedule{clock_, centre.client}.plan(trial);
     QStringList expected;
     for (const auto &[lead, hours] : {std::pair{"-3d", 72}, {"-24h", 24}, {"-1h", 1}}) {
-        const qint64 fires = ends_[id] - hours * 3'600;
+        const qint64 fires = ends_[id] - qint64{hours} * 3'600;
         if (fires > clock_.seconds && call < centre.client.calls.size()) {
             expected << id + QLatin1StringView{lead};
             const Key asked = keyOf(std::get<AddRequest>(centre.client.calls[call++]).request);
@@ -81,7 +82,7 @@ void SimulatedWorld::addTrial(Centre &centre)
     const QString id = QStringLiteral("%1").arg(ends_.size(), 8, 10, QLatin1Char{'0'}) +
                        QStringLiteral("-0000-4000-8000-000000000000");
     centre.trials << id;
-    ends_[id] = clock_.seconds + 3'600 * upTo(96); // Several end at the same time.
+    ends_[id] = clock_.seconds + qint64{3'600} * upTo(96); // Several end at the same time.
     planTrial(centre, id);
 }
 
@@ -197,7 +198,7 @@ void SimulatedWorld::setClock()
 
 void SimulatedWorld::travel()
 {
-    clock_.east = 1'800 * (upTo(40) - 20);
+    clock_.east = qint64{1'800} * (upTo(40) - 20);
     excuseAll(); // The same identifier is asked for another minute.
     emit zone_.changed();
     for (Centre &centre : centres_) {
@@ -260,8 +261,7 @@ void SimulatedWorld::compare(Centre &centre)
     const auto &offered = centre.server.offered;
     expect(pending == modelPending, "what is pending is what should be");
     expect(waiting == modelWaiting, "what waits for the server is what should, in order");
-    expect(centre.ledger->count() ==
-               static_cast<qint64>(memory.pending.size() + memory.outbox.size()),
+    expect(centre.ledger->count() == std::ssize(memory.pending) + std::ssize(memory.outbox),
            "what lapsed is kept, and nothing else");
     expect(centre.alarm.moment == (earliest
                                        ? std::chrono::sys_seconds{std::chrono::seconds{*earliest}}

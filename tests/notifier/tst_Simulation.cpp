@@ -29,7 +29,7 @@ class TestSimulation final : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { before_ = qInstallMessageHandler(dropWarnings); }
+    void initTestCase() { before = qInstallMessageHandler(dropWarnings); }
 
     /// Fifty seeds a row, so that a run of many shows how far it is.
     void whateverHappensTheCentresDoWhatTheModelDoes_data()
@@ -60,18 +60,18 @@ private slots:
         }
     }
 
-    void cleanupTestCase() { qInstallMessageHandler(before_); }
+    void cleanupTestCase() { qInstallMessageHandler(before); }
 
 private:
     /// The ledger's warnings of a disk that fails, which it does on purpose.
     static void dropWarnings(QtMsgType type, const QMessageLogContext &context, const QString &text)
     {
         if (type != QtWarningMsg) {
-            before_(type, context, text);
+            before(type, context, text);
         }
     }
 
-    static inline QtMessageHandler before_ = nullptr;
+    static inline QtMessageHandler before = nullptr;
 };
 
 NORVANE_TEST(TestSimulation)

@@ -17,6 +17,7 @@
 #include <QQuickWindow>
 
 #include <functional>
+#include <ranges>
 
 namespace norvane {
 
@@ -33,8 +34,8 @@ QQuickItem *first(QQuickItem *item, const std::function<bool(QQuickItem *)> &fit
     }
     // What lies on top comes last.
     const QList<QQuickItem *> children = item->childItems();
-    for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        if (QQuickItem *const found = first(*child, fits)) {
+    for (QQuickItem *const child : std::ranges::reverse_view(children)) {
+        if (QQuickItem *const found = first(child, fits)) {
             return found;
         }
     }
