@@ -77,16 +77,16 @@ private:
     NotificationRequest last_;
 };
 
-/// No file can be written as long as this lives.
+/// No file can be written beyond this many bytes as long as this lives.
 class FullDisk {
 public:
-    explicit FullDisk(bool isFull)
+    explicit FullDisk(bool isFull, rlim_t bytes = 0)
     {
         ::getrlimit(RLIMIT_FSIZE, &before_);
         if (isFull) {
             std::signal(SIGXFSZ, SIG_IGN);
-            const rlimit none{.rlim_cur = 0, .rlim_max = before_.rlim_max};
-            ::setrlimit(RLIMIT_FSIZE, &none);
+            const rlimit limit{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
         }
     }
     FullDisk(const FullDisk &) = delete;

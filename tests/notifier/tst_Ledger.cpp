@@ -159,6 +159,29 @@ private slots:
         QCOMPARE(ledger_->pending().value().size(), 2U);
     }
 
+    void aDiskThatIsFullIsNoticedWhenItOpens()
+    {
+        for (int i = 0; i < 20; ++i) {
+            add(*ledger_, QString{10'000, QChar{u'a' + i}});
+        }
+        const QString name = QStringLiteral("keeps the log");
+        {
+            QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+            other.setDatabaseName(folder() + u"/pending.sqlite");
+            QVERIFY(other.open());
+            QVERIFY(QSqlQuery{other}.exec(QStringLiteral("SELECT * FROM pending")));
+            ledger_.reset();
+            // The log is longer than that, and grows when the ledger tries whether it can write.
+            const FullDisk disk{true, 65'536};
+
+            open(ledger_);
+
+            QVERIFY(!ledger_->isOnDisk());
+            QCOMPARE(ledger_->pending().value().size(), 20U);
+        }
+        QSqlDatabase::removeDatabase(name);
+    }
+
     void whatCannotBeReadIsAnError()
     {
         add(*ledger_, QStringLiteral("a-1h"));
