@@ -3,14 +3,14 @@
 
 #include "app/SessionBus.h"
 
+#include "platform/client/BusLink.h"
+
 #include <QFile>
 
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 #include <utility>
-
-#include <dbus/dbus.h>
 
 namespace norvane {
 
@@ -28,23 +28,6 @@ QByteArray addressOfSessionBus()
     return QFile::exists(QFile::decodeName(socket)) ? "unix:path=" + socket : QByteArray{};
 }
 
-/// Whether the bus let a time limit pass without an answer. A refusal is an answer too.
-bool keepsSilent(const QByteArray &address)
-{
-    DBusError error = DBUS_ERROR_INIT;
-    DBusConnection *const connection = dbus_connection_open_private(address.constData(), &error);
-    if (connection != nullptr) {
-        dbus_connection_set_exit_on_disconnect(connection, FALSE);
-        dbus_bus_register(connection, &error);
-        dbus_connection_close(connection);
-        dbus_connection_unref(connection);
-    }
-    const bool isSilent = dbus_error_has_name(&error, DBUS_ERROR_NO_REPLY) == TRUE ||
-                          dbus_error_has_name(&error, DBUS_ERROR_TIMEOUT) == TRUE;
-    dbus_error_free(&error);
-    return isSilent;
-}
-
 } // namespace
 
 struct SessionBus::Greeting {
@@ -58,7 +41,7 @@ struct SessionBus::Greeting {
 
     void run()
     {
-        while (keepsSilent(address)) {
+        while (BusLink::greet(address) == BusLink::Greeting::Silence) {
         }
         const std::lock_guard lock{mutex};
         hasAnswered = true;

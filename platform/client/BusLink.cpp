@@ -6,10 +6,13 @@
 #include "platform/bus/BusNames.h"
 
 #include <QDBusError>
+#include <QFile>
 #include <QUuid>
 
 #include <algorithm>
 #include <array>
+
+#include <dbus/dbus.h>
 
 namespace norvane {
 
@@ -18,8 +21,34 @@ BusLink::~BusLink()
     disconnectFromBus();
 }
 
+BusLink::Greeting BusLink::greet(const QByteArray &address)
+{
+    DBusError error = DBUS_ERROR_INIT;
+    DBusConnection *const connection = dbus_connection_open_private(address.constData(), &error);
+    if (connection != nullptr) {
+        dbus_connection_set_exit_on_disconnect(connection, FALSE);
+        dbus_bus_register(connection, &error);
+        dbus_connection_close(connection);
+        dbus_connection_unref(connection);
+    }
+    const auto failedWith = [&](const char *name) {
+        return dbus_error_has_name(&error, name) == TRUE;
+    };
+    Greeting greeting = Greeting::Welcome;
+    if (failedWith(DBUS_ERROR_NO_REPLY) || failedWith(DBUS_ERROR_TIMEOUT)) {
+        greeting = Greeting::Silence;
+    } else if (dbus_error_is_set(&error) == TRUE) {
+        greeting = Greeting::Refusal;
+    }
+    dbus_error_free(&error);
+    return greeting;
+}
+
 bool BusLink::open(const QString &address)
 {
+    if (!address.isEmpty() && greet(QFile::encodeName(address)) != Greeting::Welcome) {
+        return false;
+    }
     // Qt shares connections of the same name, so this one gets a name of its own.
     const QString name = QUuid::createUuid().toString();
     const QDBusConnection bus =

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QObject>
@@ -18,7 +19,7 @@ namespace norvane {
 /// A session bus connection of its own, which tells when the bus goes away and when the
 /// notification centre comes and goes.
 ///
-/// Lives on one thread, whose event loop must run. Only open() blocks.
+/// Lives on one thread, whose event loop must run. Only open() and greet() block.
 class BusLink final : public QObject {
     Q_OBJECT
 
@@ -26,7 +27,16 @@ public:
     explicit BusLink(QObject *parent) : QObject{parent} {}
     ~BusLink() override;
 
-    /// Connects to the bus at the address; empty means the usual one. False if there is no bus.
+    enum class Greeting { Welcome, Refusal, Silence };
+
+    /// How the bus at an address takes a new connection, which is closed again. A silent bus blocks
+    /// the calling thread for a time limit of the bus library, of about half a minute. Qt would
+    /// wait for ever, on a thread that all its connections share and that the program's end waits
+    /// for.
+    [[nodiscard]] static Greeting greet(const QByteArray &address);
+
+    /// Connects to the bus at the address; empty means the usual one. False if there is no bus, or
+    /// none that answers.
     [[nodiscard]] bool open(const QString &address);
     [[nodiscard]] bool isOpen() const noexcept { return bus_.has_value(); }
     /// Only while it is open.

@@ -11,11 +11,14 @@ import time
 from contextlib import contextmanager
 from pathlib import Path
 
+import pytest
+
 sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 
 from support.bus import PrivateBus  # noqa: E402
 from support.norvane import BUILD, Norvane, write  # noqa: E402
 from support.notifier import Notifier  # noqa: E402
+from support.silent_bus import SilentBus  # noqa: E402
 from support.waiting import wait_until  # noqa: E402
 
 os.environ["NORVANE_NOTIFIER"] = str(BUILD / "libexec/norvane-notifier")
@@ -85,6 +88,17 @@ def test_while_the_bus_is_away_it_tries_once_at_a_time_with_a_growing_pause(tmp_
     # Two seconds and four, where the first attempt is the first one to find the socket.
     assert 1.5 < second - first
     assert 3 < third - second
+
+
+@pytest.mark.parametrize("authenticates", [False, True], ids=["says nothing", "lets in and says nothing"])
+def test_a_silent_bus_in_the_place_of_the_lost_one_does_not_hold_up_the_end(tmp_path, authenticates):
+    with norvane_that_lost_its_bus(tmp_path, [trial(0, "Acme")]) as path:
+        Path(path).parent.mkdir()
+        bus = SilentBus(path, authenticates)
+        assert bus.was_asked.wait(60)
+        end = time.monotonic()
+
+    assert time.monotonic() - end < 5
 
 
 def test_a_name_that_no_message_can_hold_costs_no_other_trial_its_reminders(tmp_path):

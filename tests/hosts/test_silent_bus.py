@@ -5,44 +5,18 @@
 import json
 import os
 import signal
-import socket
 import subprocess
 import sys
-import threading
 import time
 from pathlib import Path
 
 import pytest
 from support.desktop import Desktop
 from support.shell import PROGRAM, Shell
+from support.silent_bus import SilentBus
 from support.waiting import wait_until
 
 CENTER = Path(__file__).resolve().parent.parent / "support/recording_center.py"
-
-
-class SilentBus:
-    """Accepts connections; with `authenticates` it lets them in, and is silent only then."""
-
-    def __init__(self, path, authenticates):
-        self.authenticates = authenticates
-        self.listener = socket.socket(socket.AF_UNIX)
-        self.listener.bind(str(path))
-        self.listener.listen()
-        threading.Thread(target=self._accept, daemon=True).start()
-
-    def _accept(self):
-        while True:
-            connection, _ = self.listener.accept()
-            threading.Thread(target=self._serve, args=(connection,), daemon=True).start()
-
-    def _serve(self, connection):
-        while text := connection.recv(4096):
-            if not self.authenticates:
-                continue
-            if b"AUTH" in text:
-                connection.send(b"OK 0123456789abcdef0123456789abcdef\r\n")
-            if b"NEGOTIATE_UNIX_FD" in text:
-                connection.send(b"AGREE_UNIX_FD\r\n")
 
 
 @pytest.mark.parametrize("authenticates", [False, True], ids=["says nothing", "lets in and says nothing"])
