@@ -182,6 +182,32 @@ private slots:
         QSqlDatabase::removeDatabase(name);
     }
 
+    void whatIsDoneWithAFileThatIsLostAndCannotBeReadCounts()
+    {
+        // More than SQLite keeps in memory, so that the rest is read from the file.
+        ledger_->transact([&] {
+            for (int i = 0; i < 1'000; ++i) {
+                NotificationRequest request = requestOf(QString::number(i));
+                request.body = QString{1'000, u'x'};
+                ledger_->add(request, far);
+            }
+        });
+        ledger_.reset(); // Moves the log's content to the file.
+        open(ledger_);
+        QFile file{folder() + u"/pending.sqlite"};
+        QVERIFY(file.open(QFile::ReadWrite));
+        const qint64 half = file.size() / 2;
+        QVERIFY(file.seek(half));
+        QCOMPARE(file.write(QByteArray{static_cast<qsizetype>(half), '\xff'}), half);
+        QVERIFY(file.rename(folder() + u"/lost"));
+        const NotificationRequest shown = requestOf(QStringLiteral("a-1h"));
+
+        ledger_->transact([&] { ledger_->rememberDelivered(shown, far); });
+
+        QVERIFY(ledger_->isOnDisk());
+        QVERIFY(ledger_->cameAlready(shown.identifier, shown.trigger));
+    }
+
     void whatCannotBeReadIsAnError()
     {
         add(*ledger_, QStringLiteral("a-1h"));
