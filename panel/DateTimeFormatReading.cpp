@@ -243,11 +243,8 @@ std::optional<DateTimeFormat::Half> DateTimeFormat::halfIn(const QString &typed)
         // Some type it even where clocks show 24 hours.
         static const QRegularExpression said{QStringLiteral("\\d\\s*([ap])\\.?(\\s*m\\.?)?\\s*$"),
                                              QRegularExpression::CaseInsensitiveOption};
-        const QRegularExpressionMatch match = said.match(typed);
-        if (!match.hasMatch()) {
-            return Half::Unsaid;
-        }
-        return match.captured(1).toLower() == u'p' ? Half::Second : Half::First;
+        const QString half = said.match(typed).captured(1).toLower();
+        return half == u"p" ? Half::Second : half == u"a" ? Half::First : Half::Unsaid;
     }
     if (!hasLetter(typed)) {
         return Half::Unsaid;
