@@ -58,6 +58,7 @@ FormTextField {
     text: root.shown
     value: root.calendar.valueOf(root.moment, root.part)
     onActiveFocusChanged: {
+        // With Qt 6.10 a context menu that closes gives the focus back for another reason than a popup.
         const isReturn = root.menuOpen || root.focusReason === Qt.PopupFocusReason
         if (root.activeFocus && !isReturn && root.focusReason !== Qt.MouseFocusReason)
             root.selectAll()
