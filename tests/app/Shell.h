@@ -18,7 +18,7 @@
 
 namespace norvane {
 
-/// The shell with its real panel, in the hands of a test.
+/// The shell with its real panel, operated by a test.
 struct Shell {
     FakePlatform platform;
     FakeStatusItemMaker statusItem;

@@ -44,7 +44,7 @@ private slots:
         QVERIFY(first.isOnlyOne(QDBusConnection::sessionBus(), {}));
     }
 
-    void theSecondOneAsksTheFirstAndHandsOnItsToken()
+    void theSecondOneActivatesTheFirstAndPassesOnItsToken()
     {
         SingleInstance first;
         QVERIFY(first.isOnlyOne(QDBusConnection::sessionBus(), {}));
@@ -63,8 +63,8 @@ private slots:
         QCOMPARE(activated.takeFirst().value(0).toString(), QStringLiteral("token"));
     }
 
-    /// It keeps its name until its process ends, but does not answer any more.
-    void oneThatIsEndingIsSucceeded()
+    /// The first one keeps its name until its process ends, but no longer answers.
+    void aStartWhileTheFirstOneIsEndingTakesItsPlace()
     {
         QVERIFY(
             QDBusConnection::sessionBus().registerService(QStringLiteral("org.norvane.Norvane")));

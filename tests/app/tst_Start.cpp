@@ -35,7 +35,7 @@ private slots:
         QCOMPARE(displayKinds(x11, wayland), platforms);
     }
 
-    void aPlatformThatTheUserSetStands()
+    void aDisplayPlatformSetByTheUserIsKept()
     {
         qputenv("QT_QPA_PLATFORM", "wayland");
 

@@ -7,7 +7,7 @@
 
 namespace norvane {
 
-/// What a test wants a user to want.
+/// The appearance that a test chooses in place of the user.
 class ChosenAppearance final : public Appearance {
 public:
     explicit ChosenAppearance(const Preferences &preferences) : preferences_{preferences} {}

@@ -15,8 +15,8 @@
 
 namespace norvane {
 
-/// What a Qt Quick test of the panel holds in its hands: the machine below the panel, and items
-/// of the window by what a screen reader calls them.
+/// What a Qt Quick test of the panel uses: it controls the platform below the panel, and finds
+/// items of the window by their names for a screen reader.
 class PanelFixture : public QObject {
     Q_OBJECT
 
@@ -52,7 +52,7 @@ public:
     Q_INVOKABLE [[nodiscard]] QString nameOf(QQuickItem *item) const;
     Q_INVOKABLE [[nodiscard]] QString descriptionOf(QQuickItem *item) const;
     Q_INVOKABLE [[nodiscard]] QString roleOf(QQuickItem *item) const;
-    /// Of an item: disabled, focusable, focused, selectable and selected, as far as it is.
+    /// Those of an item's states that hold: disabled, focusable, focused, selectable, selected.
     Q_INVOKABLE [[nodiscard]] QStringList statesOf(QQuickItem *item) const;
     /// What a screen reader finds directly below an item: "name; description" of each.
     Q_INVOKABLE [[nodiscard]] QStringList children(QQuickItem *item) const;
@@ -64,11 +64,11 @@ public:
     /// The types of the objects below one, itself included, that have a timer running.
     Q_INVOKABLE [[nodiscard]] QStringList running(QObject *below) const;
 
-    /// Lays out and draws what is still to be.
+    /// Does all layout and drawing that is still pending.
     Q_INVOKABLE void settle(QQuickItem *anywhere) const;
 
-    /// The texts and symbols below an item, as the screen shows them, that differ from what is
-    /// around them by less than these ratios. What cannot be pressed may be faint.
+    /// The texts and symbols below an item whose contrast on the screen is less than these ratios.
+    /// Disabled items are left out.
     Q_INVOKABLE [[nodiscard]] QStringList faintOnes(QQuickItem *below, double wantedOfText,
                                                     double wantedOfSymbol) const;
     /// The colour on the screen at a place in an item.
@@ -82,7 +82,7 @@ public:
     Q_INVOKABLE void setAccent(const QColor &color) const;
     Q_INVOKABLE void setFontPixels(int pixels) const;
     Q_INVOKABLE void setRightToLeft(bool mirrored) const;
-    /// Lets a text be translated so, until the fixture is gone.
+    /// Sets the translation of one text, for as long as the fixture exists.
     Q_INVOKABLE void translate(const QString &source, const QString &translation);
 
 private:

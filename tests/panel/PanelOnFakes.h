@@ -17,7 +17,7 @@
 
 namespace norvane {
 
-/// The panel's content over a machine in the hands of a test.
+/// The panel's content on a platform that a test controls.
 class PanelOnFakes {
 public:
     /// 2025-01-08 08:30:15 UTC, a Wednesday.

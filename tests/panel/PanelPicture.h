@@ -15,8 +15,8 @@
 
 namespace norvane {
 
-/// One panel in its window, the hands of a user, and a camera. What cannot be done ends the
-/// program.
+/// One panel in its window, operated as by a user, and pictures of it. A step that cannot be done
+/// ends the program.
 class PanelPicture {
 public:
     PanelPicture(const QList<Trial> &trials, const QLocale &locale)
@@ -73,7 +73,7 @@ public:
     {
         QTest::mouseClick(&view_, Qt::RightButton, {}, centre(item("FormTextField")));
     }
-    /// Until what shows itself to a resting pointer does.
+    /// Waits until the hint for what is under the resting pointer has appeared.
     static void rest() { QTest::qWait(700); }
 
     /// From "Add Trial", which has the keyboard at first, over "Quit" to the first row.

@@ -24,7 +24,7 @@ inline QColor shownColor(const QQuickItem *item, const QPointF &place)
     return image.pixelColor(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
 }
 
-/// The largest ratio that any pixel has to the most frequent one.
+/// The largest contrast ratio of any pixel to the most frequent colour.
 inline double strongestContrast(const QImage &image)
 {
     QHash<QRgb, int> counts;
@@ -44,8 +44,8 @@ inline double strongestContrast(const QImage &image)
     return strongest;
 }
 
-/// The texts and symbols below an item that differ from their ground on this picture of the window
-/// by less than their ratios, each with its own. What cannot be pressed may be faint.
+/// The texts and symbols below an item whose contrast on this picture of the window is less than
+/// these ratios, each with its own ratio. Disabled items are left out.
 inline QStringList faintOnes(const QQuickItem *below, double wantedOfText, double wantedOfSymbol,
                              const QImage &window)
 {

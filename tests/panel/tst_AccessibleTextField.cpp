@@ -108,7 +108,7 @@ private slots:
         QCOMPARE(at(9, QAccessible::LineBoundary), (Piece{QStringLiteral("Hulu Plus"), 0, 9}));
     }
 
-    void itSaysWhatItIsAndWhatStandsInIt()
+    void itReportsItsRoleNameDescriptionAndText()
     {
         item_->setProperty("text", QStringLiteral("Hulu"));
 

@@ -48,12 +48,12 @@ private slots:
         }
     }
 
-    void whereNoColourHasTheRatioTheStrongestIsTaken()
+    void whereNoMixtureHasTheRatioBlackOrWhiteIsTaken()
     {
         QCOMPARE(Contrast::ensured(Qt::red, QColor{0x80, 0x80, 0x80}, 7), QColor{Qt::black});
     }
 
-    void aLineBetweenGroundsOfSeveralKindsCanBeToldFromAll()
+    void aLineCanHaveEnoughContrastToSeveralBackgrounds()
     {
         const QColor grey{0x80, 0x80, 0x80};
 
@@ -63,7 +63,7 @@ private slots:
         QVERIFY(Contrast::ratio(line, Qt::black) >= 3.0);
     }
 
-    void aHueCanBeToldInEachOfItsUses()
+    void aHueHasEnoughContrastInEachOfItsUses()
     {
         const QList<std::pair<QColor, QColor>> grounds{
             {QColor{0xf7, 0xf7, 0xf8}, QColor{0xe8, 0xe8, 0xe9}},
@@ -91,7 +91,7 @@ private slots:
         }
     }
 
-    void aWishForMoreContrastIsToldAtOnce()
+    void aChangeOfTheContrastSettingIsSignalledOnce()
     {
         const Contrast contrast;
         const QSignalSpy told{&contrast, &Contrast::moreChanged};
@@ -105,7 +105,7 @@ private slots:
         QCOMPARE(told.count(), 2);
     }
 
-    void aThinCoatIsMostlyWhatIsBelow()
+    void blendingAtLowOpacityStaysCloseToTheBackground()
     {
         QCOMPARE(Contrast::blended(Qt::black, 0.2, Qt::white).name(), QStringLiteral("#cccccc"));
     }

@@ -93,14 +93,14 @@ private slots:
         QVERIFY(image.convertToFormat(QImage::Format_Alpha8) == drawing(name, 2 * side));
     }
 
-    void noEdgeIsScaledAtAnyScale_data()
+    void itIsDrawnInDevicePixelsAtEveryScale_data()
     {
         QTest::addColumn<double>("scale");
         for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
             QTest::addRow("%g", scale) << scale;
         }
     }
-    void noEdgeIsScaledAtAnyScale()
+    void itIsDrawnInDevicePixelsAtEveryScale()
     {
         QFETCH(const double, scale);
         const QString name = QStringLiteral("trash");

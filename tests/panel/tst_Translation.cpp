@@ -213,7 +213,7 @@ private slots:
         }
     }
 
-    void linesRunAsInTheLocaleAlsoWithoutATranslation()
+    void theLayoutDirectionIsTheLocalesAlsoWithoutATranslation()
     {
         {
             const Translation hebrew{QLocale{QStringLiteral("he_IL")}};
@@ -225,7 +225,7 @@ private slots:
         QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight);
     }
 
-    void theFirstOfTheLanguagesThatCanBeShownIs_data()
+    void theFirstLanguageThatCanBeShownIsUsed_data()
     {
         QTest::addColumn<QString>("languages");
         QTest::addColumn<QString>("cancel");
@@ -246,7 +246,7 @@ private slots:
         QTest::newRow("no languages") << ""
                                       << "Cancel" << Qt::LeftToRight;
     }
-    void theFirstOfTheLanguagesThatCanBeShownIs()
+    void theFirstLanguageThatCanBeShownIsUsed()
     {
         QFETCH(const QString, languages);
 

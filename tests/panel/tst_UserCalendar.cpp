@@ -63,7 +63,7 @@ private slots:
         }
     }
 
-    void thePartsAsNumbersFollowTheMoment()
+    void theValuesOfDateAndTimeFollowTheMoment()
     {
         const PointInTime moment = berlin(2025, 1, 8, 9, 30);
         const PointInTime later = berlin(2025, 1, 9, 9, 31);

@@ -68,7 +68,7 @@ PanelTest {
         verify(!find("Remove \"Acme\" from Norvane?"))
     }
 
-    function test_theFormsShortcutsRestWhileItIsUp() {
+    function test_theFormsShortcutsDoNothingWhileTheAlertIsOpen() {
         const panel = open([{ name: "Netflix", hours: 50, cost: 0 }])
         click("Add Trial")
         type("Acme")

@@ -7,7 +7,7 @@ import QtTest
 
 import org.norvane.panel
 
-// How well everything can be told from what is around it, measured on the picture.
+// The contrast of texts, symbols and outlines to their surroundings, measured on the picture.
 PanelTest {
     id: test
 
@@ -32,7 +32,7 @@ PanelTest {
         return open(trials)
     }
 
-    // What the ratios are to be, on an ordinary desktop and on one that wants more contrast.
+    // The required ratios, on an ordinary desktop and on one that wants more contrast.
     readonly property real textRatio: Contrast.more ? 7 : 4.5
     readonly property real outlineRatio: Contrast.more ? 7 : 3
     readonly property real symbolRatio: Contrast.more ? 4.5 : 3
@@ -41,12 +41,12 @@ PanelTest {
         compare(fixture.faintOnes(item, test.textRatio - 0.05, test.symbolRatio - 0.05), [])
     }
 
-    // From what is left of the item to its edge.
+    // Checks the contrast of the item's left edge to what is beside it.
     function compareOutline(item) {
         compareLine(item, 0.5, -1.5)
     }
 
-    // From one place in the item to another, both halfway down.
+    // Checks the contrast between two x positions in the item, halfway down.
     function compareLine(item, line, ground) {
         const color = x => fixture.pixel(item, x, item.height / 2)
         const ratio = Contrast.ratio(color(line), color(ground))
@@ -83,8 +83,8 @@ PanelTest {
         mouseMove(test, 1, 1)
     }
 
-    function test_everyTextAndOutlineOfTheFormCanBeTold_data() { return looks() }
-    function test_everyTextAndOutlineOfTheFormCanBeTold(data) {
+    function test_everyTextAndOutlineOfTheFormHasEnoughContrast_data() { return looks() }
+    function test_everyTextAndOutlineOfTheFormHasEnoughContrast(data) {
         const panel = show(data, [])
         click("Add Trial")
         compareTexts(panel)
@@ -102,8 +102,8 @@ PanelTest {
         mouseRelease(test, 1, 1)
     }
 
-    function test_everyTextAndOutlineOfTheCalendarCanBeTold_data() { return looks() }
-    function test_everyTextAndOutlineOfTheCalendarCanBeTold(data) {
+    function test_everyTextAndOutlineOfTheCalendarHasEnoughContrast_data() { return looks() }
+    function test_everyTextAndOutlineOfTheCalendarHasEnoughContrast(data) {
         const panel = show(data, [])
         click("Add Trial")
         click("Choose a day")
@@ -111,8 +111,8 @@ PanelTest {
         compareLine(box(panel.T.Overlay.overlay), 0.5, 3)
     }
 
-    function test_everyTextAndOutlineOfTheAlertCanBeTold_data() { return looks() }
-    function test_everyTextAndOutlineOfTheAlertCanBeTold(data) {
+    function test_everyTextAndOutlineOfTheAlertHasEnoughContrast_data() { return looks() }
+    function test_everyTextAndOutlineOfTheAlertHasEnoughContrast(data) {
         const panel = show(data, test.trials)
         click("Delete", "Acme")
         compareTexts(panel.T.Overlay.overlay)
@@ -123,8 +123,8 @@ PanelTest {
         compareTexts(find("Delete"))
     }
 
-    function test_theRingAroundWhatHasTheKeyboardCanBeTold_data() { return looks() }
-    function test_theRingAroundWhatHasTheKeyboardCanBeTold(data) {
+    function test_theFocusRingHasEnoughContrast_data() { return looks() }
+    function test_theFocusRingHasEnoughContrast(data) {
         show(data, test.trials)
         keyClick(Qt.Key_Tab)
         const row = focusItem()

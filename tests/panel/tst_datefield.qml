@@ -195,7 +195,7 @@ PanelTest {
         compare(day().text, "3/5/2025")
     }
 
-    function test_aDayOfTheGapDoesNotCostTheOthersTheirTime() {
+    function test_aDayWithoutTheChosenTimeLeavesTheTimeOfOtherDays() {
         const panel = openForm("de_DE")
         panel.newEndDate = fixture.berlin("2025-03-29T02:30:15")
         day().forceActiveFocus(Qt.TabFocusReason)

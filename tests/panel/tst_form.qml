@@ -262,7 +262,7 @@ PanelTest {
         })
     }
 
-    function test_shortcutsAreOfTheFormAlone() {
+    function test_theFormsShortcutsDoNothingWhileItIsClosed() {
         const panel = open([])
         panel.newName = "Acme"
 

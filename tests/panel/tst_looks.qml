@@ -23,8 +23,8 @@ PanelTest {
             verify(Contrast.ratio(color, Theme.background) >= 4.5, color)
     }
 
-    function test_symbolsAndFramesCanBeToldOnEveryPalette_data() { return backgrounds() }
-    function test_symbolsAndFramesCanBeToldOnEveryPalette(data) {
+    function test_symbolsAndFramesHaveEnoughContrastOnEveryPalette_data() { return backgrounds() }
+    function test_symbolsAndFramesHaveEnoughContrastOnEveryPalette(data) {
         fixture.setPalette(data.tag)
 
         for (const hue of [Theme.red, Theme.orange, Theme.yellow, Theme.green]) {
@@ -112,7 +112,7 @@ PanelTest {
         verify(button.background.visible)
     }
 
-    function test_aButtonWithoutTextSaysWhatItIsToARestingPointer() {
+    function test_aButtonWithoutTextShowsAHintUnderARestingPointer() {
         open([{ name: "Acme", hours: 73, cost: 0 }])
         const hint = () => fixture.text(test, "Delete")
 
@@ -123,7 +123,7 @@ PanelTest {
         tryVerify(() => hint().maximumLineCount === undefined)
     }
 
-    function test_aCutNameIsSaidInFullInAtMostFourLines() {
+    function test_theHintOfACutNameHasAtMostFourLines() {
         const name = "<b>A long name</b> ".repeat(50)
         open([{ name: name, hours: 73, cost: 0 }])
 
@@ -137,7 +137,7 @@ PanelTest {
         mouseMove(test, 180, 400)
     }
 
-    function test_aNameThatFitsIsNotSaidTwice() {
+    function test_aNameThatFitsHasNoHint() {
         open([{ name: "Acme", hours: 73, cost: 0 }])
         const name = fixture.text(test, "Acme")
 
@@ -155,7 +155,7 @@ PanelTest {
             compare(found(name + ", 3d left, $5.00").height, found("Acme, 3d left, $5.00").height, name)
     }
 
-    function test_bothAnswersAreEquallyWide() {
+    function test_bothButtonsOfTheAlertAreEquallyWide() {
         fixture.translate("Cancel", "Nicht entfernen")
         open([{ name: "Acme", hours: 73, cost: 0 }])
         click("Delete", "Acme")
@@ -164,10 +164,10 @@ PanelTest {
         fixture.translate("", "")
     }
 
-    function test_whatOpensIsThereAtOnce_data() {
+    function test_alertAndCalendarOpenWithoutAnimation_data() {
         return [{ tag: "alert", ways: [["Delete", "Acme"]] }, { tag: "calendar", ways: [["Add Trial"], ["Choose a day"]] }]
     }
-    function test_whatOpensIsThereAtOnce(data) {
+    function test_alertAndCalendarOpenWithoutAnimation(data) {
         open([{ name: "Acme", hours: 73, cost: 0 }])
         for (const [name, description] of data.ways)
             click(name, description)
@@ -199,7 +199,7 @@ PanelTest {
         verify(cell.width >= 28 && cell.height >= 28)
     }
 
-    function test_aFocusedButtonShowsItAndAPressedOneDoesNotNeedTo() {
+    function test_aButtonFocusedByKeyHasARingAndAPressedOneHasNone() {
         open([])
 
         keyClick(Qt.Key_Tab)

@@ -89,7 +89,7 @@ PanelTest {
         verify(found(shown + ", 2d left"))
     }
 
-    function test_theSpacesAreThoseOfTheDesign() {
+    function test_theRowsSpacingIsFixed() {
         const panel = open([{ name: "Acme", hours: 50, cost: 9.5 }])
 
         const row = found("Acme, 2d left, $9.50")

@@ -11,7 +11,7 @@
 
 namespace norvane {
 
-/// Everything the program needs of the machine, in the hands of a test.
+/// The platform that the program runs on, with every part controlled by a test.
 struct FakePlatform {
     /// 2025-01-01 00:00:00 UTC.
     static constexpr PointInTime start{757'382'400};

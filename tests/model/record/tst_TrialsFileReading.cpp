@@ -140,7 +140,7 @@ private slots:
         QCOMPARE(trials->first().notificationIds, QStringList{QStringLiteral("x")});
     }
 
-    void membersOfOtherNamesAreReadOverAndNotKept_data()
+    void membersWithUnknownNamesAreIgnoredAndNotKept_data()
     {
         QTest::addColumn<QByteArray>("value");
         for (const char *const value :
@@ -150,7 +150,7 @@ private slots:
             QTest::newRow(value) << QByteArray{value};
         }
     }
-    void membersOfOtherNamesAreReadOverAndNotKept()
+    void membersWithUnknownNamesAreIgnoredAndNotKept()
     {
         QFETCH(const QByteArray, value);
 

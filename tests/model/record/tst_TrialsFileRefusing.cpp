@@ -41,8 +41,8 @@ private slots:
         QVERIFY(!fileAround(TrialsText{}.with(member, "false")));
     }
 
-    void anObjectFitsNoMember_data() { addMembers(); }
-    void anObjectFitsNoMember()
+    void anObjectAsAMembersValueFailsTheWholeFile_data() { addMembers(); }
+    void anObjectAsAMembersValueFailsTheWholeFile()
     {
         QFETCH(const QByteArray, member);
 
@@ -139,7 +139,7 @@ private slots:
         QVERIFY(!fileAround(TrialsText{}.with("createdAt", digits)));
     }
 
-    void alsoAMemberThatIsReadOverMustBeJson_data()
+    void anIgnoredMemberMustBeValidJsonToo_data()
     {
         QTest::addColumn<QByteArray>("value");
         for (const char *const value :
@@ -148,7 +148,7 @@ private slots:
             QTest::newRow(value) << QByteArray{value};
         }
     }
-    void alsoAMemberThatIsReadOverMustBeJson()
+    void anIgnoredMemberMustBeValidJsonToo()
     {
         QFETCH(const QByteArray, value);
 

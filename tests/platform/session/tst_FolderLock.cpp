@@ -17,7 +17,7 @@ class TestFolderLock final : public QObject {
     Q_OBJECT
 
 private slots:
-    void oneThatIsTakenIsKept()
+    void takingALockAgainSucceeds()
     {
         FolderLock lock;
 
@@ -25,7 +25,7 @@ private slots:
         QCOMPARE(lock.take(path(), 0ms), FolderLock::Answer::Taken);
     }
 
-    void theSecondIsKeptOutAsLongAsTheFirstIsThere()
+    void aSecondLockFailsAsLongAsTheFirstExists()
     {
         auto first = std::make_unique<FolderLock>();
         FolderLock second;
@@ -37,7 +37,7 @@ private slots:
         QCOMPARE(second.take(path(), 0ms), FolderLock::Answer::Taken);
     }
 
-    void theSecondWaitsForAFirstThatIsAboutToLetGo()
+    void aSecondLockWaitsForTheFirstToBeReleased()
     {
         auto first = std::make_unique<FolderLock>();
         FolderLock second;

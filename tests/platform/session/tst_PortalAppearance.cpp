@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(appearance.preferences().accent, (Appearance::Color{0.25, 0.5, 1}));
     }
 
-    void valuesInOneVariantTooManyAreUnderstood()
+    void valuesInAnExtraVariantAreUnderstood()
     {
         const Portal portal{other(), {{colorScheme, QVariant::fromValue(QDBusVariant{1U})}}};
 
@@ -165,7 +165,7 @@ private slots:
         QCOMPARE(appearance.preferences().colorScheme, Scheme::Light);
     }
 
-    void anAccentThatIsNoColourIsNone_data()
+    void anInvalidAccentColourCountsAsNone_data()
     {
         QTest::addColumn<QVariant>("value");
         const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -174,7 +174,7 @@ private slots:
         QTest::newRow("not a number") << QVariant::fromValue(Parts{nan, 0.5, 0.5});
         QTest::newRow("another type") << QVariant{QStringLiteral("blue")};
     }
-    void anAccentThatIsNoColourIsNone()
+    void anInvalidAccentColourCountsAsNone()
     {
         QFETCH(const QVariant, value);
         Portal portal{other(), {{accentColor, QVariant::fromValue(Parts{1, 0, 0.5})}}};
@@ -186,7 +186,7 @@ private slots:
         QTRY_VERIFY(!appearance.preferences().accent);
     }
 
-    void settingsOfOthersAreLeftAlone()
+    void otherSettingsAndGroupsAreIgnored()
     {
         Portal portal{other(), {{colorScheme, 2U}}};
         const PortalAppearance appearance{QDBusConnection::sessionBus()};

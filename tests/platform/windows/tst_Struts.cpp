@@ -47,7 +47,7 @@ private slots:
         QCOMPARE(Struts::workArea(leftScreen, Struts::strips(strut, display)), work);
     }
 
-    void theRightEdgeOfTheDisplayIsTheRightScreens()
+    void aStrutAtTheRightDisplayEdgeAffectsOnlyTheRightScreen()
     {
         const auto strips = Struts::strips({0, 40, 0, 0, 0, 0, 0, 799, 0, 0, 0, 0}, display);
 
@@ -72,7 +72,7 @@ private slots:
         QCOMPARE(Struts::workArea(rightScreen, strips), rightScreen.adjusted(0, 30, 0, 0));
     }
 
-    void fourNumbersReserveWholeEdges()
+    void aStrutOfFourNumbersReservesWholeEdges()
     {
         const auto strips = Struts::strips({0, 0, 30, 0}, display);
 
@@ -80,7 +80,7 @@ private slots:
         QCOMPARE(Struts::workArea(rightScreen, strips), rightScreen.adjusted(0, 30, 0, 0));
     }
 
-    void anyOtherCountReservesNothing()
+    void aStrutOfAnyOtherLengthReservesNothing()
     {
         QVERIFY(Struts::strips({}, display).isEmpty());
         QVERIFY(Struts::strips({0, 0, 30}, display).isEmpty());
