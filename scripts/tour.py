@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Norvane authors
 # SPDX-License-Identifier: MIT
-"""Walks Norvane's main job once on a virtual desktop, with a real pointer and keyboard.
+"""The tour: adds a trial, restarts Norvane and deletes the trial, on a virtual desktop with real pointer and keyboard.
 
     tour.py BUILD_FOLDER PICTURE_FOLDER
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 the Norvane authors
 # SPDX-License-Identifier: MIT
-"""The installed package does its main job: on a virtual desktop, and through the bus with Norvane gone.
+"""The tour with the installed package on a virtual desktop, and a reminder after Norvane has quit.
 
 With NORVANE_ROOT the package is the one installed below that folder, which nothing else was installed in
 but what it depends on; the desktop around it, and this test, stay outside.
@@ -56,7 +56,7 @@ class BusOfThePackage(Desktop):
         return Gio.DBusConnection.new_for_address_sync(self.address, flags, None, None)
 
 
-def test_norvane_does_its_main_job_on_a_desktop(tmp_path):
+def test_the_tour_on_a_desktop(tmp_path):
     with Desktop(tmp_path) as desktop:
         desktop.environment["TZ"] = "UTC"
         desktop.start("/usr/bin/python3", TREE / "tests/support/recording_center.py", tmp_path / "calls.jsonl")
