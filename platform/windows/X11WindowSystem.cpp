@@ -32,10 +32,10 @@ xcb_window_t idOf(const QWindow &window)
 X11WindowSystem::X11WindowSystem()
 {
     if (display_.isConnected()) {
-        clock_ = xcb_generate_id(display_.connection());
-        xcb_create_window(display_.connection(), 0, clock_, display_.root(), -1, -1, 1, 1, 0,
-                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-        display_.listenTo(clock_, XCB_EVENT_MASK_PROPERTY_CHANGE);
+        timestampWindow_ = xcb_generate_id(display_.connection());
+        xcb_create_window(display_.connection(), 0, timestampWindow_, display_.root(), -1, -1, 1, 1,
+                          0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+        display_.listenTo(timestampWindow_, XCB_EVENT_MASK_PROPERTY_CHANGE);
     }
 }
 
@@ -70,7 +70,7 @@ void X11WindowSystem::activate(QWindow &window, const QString &token)
     request.window = idOf(window);
     request.type = activeWindow;
     request.data.data32[0] = askedByTheUser;
-    request.data.data32[1] = now();
+    request.data.data32[1] = serverTime();
     std::array<char, 32> event{}; // As long as every event is.
     static_assert(sizeof(request) <= event.size());
     std::memcpy(event.data(), &request, sizeof(request));
@@ -107,8 +107,9 @@ QList<Struts::Strip> X11WindowSystem::panelStrips() const
     return strips;
 }
 
-/// What the window manager leaves no room for around its work area: a panel of its own, like GNOME
-/// Shell's, has no window with a strut. One area for all screens tells nothing about each.
+/// The strips outside the window manager's _NET_WORKAREA. Needed because a panel drawn by the
+/// window manager itself, as in GNOME Shell, has no window with a strut. Used with a single screen
+/// only: one area for all screens says nothing about each.
 QList<Struts::Strip> X11WindowSystem::windowManagersStrips(const QSize &display) const
 {
     const auto cardinals = [this](const char *property) {
@@ -137,10 +138,10 @@ QSize X11WindowSystem::displaySize() const
     return root ? QSize{root->width, root->height} : QSize{};
 }
 
-xcb_timestamp_t X11WindowSystem::now() const
+xcb_timestamp_t X11WindowSystem::serverTime() const
 {
-    xcb_change_property(display_.connection(), XCB_PROP_MODE_APPEND, clock_, XCB_ATOM_WM_NAME,
-                        XCB_ATOM_STRING, 8, 0, nullptr);
+    xcb_change_property(display_.connection(), XCB_PROP_MODE_APPEND, timestampWindow_,
+                        XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8, 0, nullptr);
     xcb_flush(display_.connection());
     while (const X11Display::Answer<xcb_generic_event_t> event{
         xcb_wait_for_event(display_.connection())}) {

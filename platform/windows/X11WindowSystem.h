@@ -28,10 +28,11 @@ protected:
 private:
     [[nodiscard]] QList<Struts::Strip> windowManagersStrips(const QSize &display) const;
     [[nodiscard]] QSize displaySize() const;
-    [[nodiscard]] xcb_timestamp_t now() const;
+    [[nodiscard]] xcb_timestamp_t serverTime() const;
 
     X11Display display_;
-    xcb_window_t clock_ = XCB_WINDOW_NONE; ///< Never shown; its changes tell the server's time.
+    /// Never shown. The event about a change of its properties carries the server's time.
+    xcb_window_t timestampWindow_ = XCB_WINDOW_NONE;
 };
 
 } // namespace norvane
