@@ -45,8 +45,8 @@ public:
     /// Stops the process when called before launching has finished.
     void togglePopover(const IconPress &press);
 
-    /// Shows the popover with the keyboard, or gives it the keyboard if it is shown: what starting
-    /// Norvane again asks for, icon or no icon.
+    /// Shows the popover with the keyboard, or gives it the keyboard if it is shown, whether or not
+    /// the icon is visible. Called when Norvane is started again.
     void showPopover(const QString &activationToken);
     /// The same, but only if no part of the desktop shows the icon, so that the user has no other
     /// way to open the popover.

@@ -194,8 +194,8 @@ int NorvaneApp::run(int &argc, char **argv)
         notificationCenter.setBusAddress(sessionBus.address());
     });
 
-    // As late as possible: handlers registered last are called first. Where it cannot be
-    // registered, only the end without a display is less orderly.
+    // Registered as late as possible, because exit handlers run in reverse order. If registering
+    // fails, only the exit after losing the display is affected.
     std::ignore = std::atexit(endWithoutDestroying);
     const int status = QGuiApplication::exec();
     // Handing the last calls to the centre may take some seconds; the user need not see that.

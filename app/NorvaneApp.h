@@ -7,9 +7,9 @@ namespace norvane {
 
 /// The application: makes the real parts of the platform and hands them down.
 ///
-/// One Norvane works on a data folder. Started again in the same session it asks the first to show
-/// its panel; in another session of the same user it says that it cannot. Either way it ends before
-/// it has touched the trials or the notification centre.
+/// Only one Norvane uses a data folder. A second start in the same session makes the first instance
+/// show its panel and ends. A start in another session of the same user reports an error and ends.
+/// In both cases the second process touches neither the trials nor the notification centre.
 class NorvaneApp {
 public:
     /// Runs until the user quits or the session ends; returns the process' exit status.

@@ -30,8 +30,8 @@ public:
                                const QPoint &pointer) const;
 
     /// The popover beside an anchor: centred on it and below it; above it where the panel is at the
-    /// bottom, and at its side where the panel is upright. Always whole inside the work area of the
-    /// anchor's screen, and no higher than that.
+    /// bottom, and at its side where the panel is upright. It lies inside the work area of the
+    /// anchor's screen and is no higher than that; if it is wider, its left part shows.
     [[nodiscard]] QRect beside(const QRect &anchor) const;
 
     /// The popover where there is no icon to open at: by the end of the primary screen's panel

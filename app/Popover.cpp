@@ -74,7 +74,9 @@ void Popover::load()
     engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     QQmlEngine::setObjectOwnership(&content_, QQmlEngine::CppOwnership);
     auto *const component = new QQmlComponent{engine(), url, this};
-    if (component->isLoading()) { // As when a module that is not there was looked for everywhere.
+    // Loading can be asynchronous, for example when Qt had to search every import path for a
+    // missing module.
+    if (component->isLoading()) {
         connect(component, &QQmlComponent::statusChanged, this,
                 [this, component] { showLoaded(*component); });
     } else {

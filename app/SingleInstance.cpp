@@ -53,7 +53,7 @@ bool SingleInstance::isOnlyOne(const QDBusConnection &bus, const QString &activa
 void SingleInstance::takeName(const QDBusConnection &bus)
 {
     if (bus.isConnected() && requestName(bus) != Name::Taken) {
-        qWarning("The name of Norvane on the session bus cannot be had.");
+        qWarning("Norvane could not take its name on the session bus.");
     }
 }
 

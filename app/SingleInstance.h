@@ -9,7 +9,6 @@
 #include <QVariantMap>
 
 #include <functional>
-#include <optional>
 
 namespace norvane {
 
@@ -25,14 +24,16 @@ public:
     /// While `isEnding` returns true, requests to show the panel are refused.
     explicit SingleInstance(std::function<bool()> isEnding = [] { return false; });
 
-    /// Whether this process is now the one Norvane on this bus; always true without a bus.
+    /// Whether this process is now the one Norvane on this bus; always true without a bus, or with
+    /// one that does not answer.
     ///
     /// If another process is, this asks it to show its panel and passes on the activation token, if
-    /// there is one. If that process is about to end, this waits for its end. Blocks for a few
-    /// seconds at most, and for one second when the bus is silent.
+    /// there is one. If that process is about to end, this waits for its end. Blocks for up to
+    /// eight seconds, but for only one if the bus does not answer.
     [[nodiscard]] bool isOnlyOne(const QDBusConnection &bus, const QString &activationToken);
 
-    /// Claims the name on a bus that answered after the start. Does nothing if it is taken.
+    /// Claims the name on a bus that answered only after the start. If the name is not granted, by
+    /// another owner or because the bus does not answer, this logs a warning and nothing more.
     void takeName(const QDBusConnection &bus);
 
 public slots: // The bus' names.

@@ -14,9 +14,9 @@ namespace norvane {
 /// What a screen reader is told of a line of text, its caret and its selection, and how it edits
 /// it.
 ///
-/// Every question is answered at once at every offset; Qt's own answer for the word at the end of a
-/// text never comes. Offsets count UTF-16 units; -1 is the end of the text, and beyond the end
-/// there is nothing. An edit counts as one by the user.
+/// Answers every question at every offset; Qt's own implementation never returns when asked for the
+/// word at the end. Offsets count UTF-16 units; -1 is the end of the text, and beyond the end there
+/// is nothing. An edit counts as one by the user.
 ///
 /// A field whose property `value` holds an integer is one that can be stepped: its role is SpinBox,
 /// and when the value changes, its text is read out. The value is only to be read, not to be set.
@@ -44,8 +44,8 @@ public:
 
     [[nodiscard]] QString text(int start, int end) const override;
     [[nodiscard]] int characterCount() const override;
-    /// The pieces that the boundaries cut the text into follow each other without a gap. The piece
-    /// at the end of the text is the last one, except that there is no character there.
+    /// The pieces between the boundaries cover the text without gaps. The piece at the end of the
+    /// text is the last one; for characters, there is none.
     [[nodiscard]] QString textAtOffset(int offset, QAccessible::TextBoundaryType boundary,
                                        int *start, int *end) const override;
     /// The piece before the one at the offset.

@@ -35,14 +35,16 @@ public:
     [[nodiscard]] Q_INVOKABLE static QColor ensuredOnAll(const QColor &color, const QColor &first,
                                                          const QColor &second, const QColor &third,
                                                          double wanted);
-    /// White or black, for text on a background of this colour: white if a slightly darker
-    /// background gives it enough contrast.
+    /// White or black, for text on a background of this colour: white if its contrast to the
+    /// background is at least 3.2, so that darkening the background slightly is enough; otherwise
+    /// black.
     [[nodiscard]] Q_INVOKABLE static QColor onGround(const QColor &ground);
     /// The colour that results from painting `coat` over a background at this opacity.
     [[nodiscard]] Q_INVOKABLE static QColor blended(const QColor &coat, double opacity,
                                                     const QColor &background);
-    /// A colour in all its uses on this background, which gets the other colour, `lit`, under the
-    /// pointer; text and symbols have their ratios on either.
+    /// Adjusts a colour for each of its uses. Text and symbols reach their ratios both on
+    /// `background` and on `lit`, the background under the pointer; symbolOnPatch reaches the ratio
+    /// of symbols on the patch.
     [[nodiscard]] Q_INVOKABLE static norvane::Hue hue(const QColor &color, const QColor &background,
                                                       const QColor &lit, double textRatio,
                                                       double symbolRatio);

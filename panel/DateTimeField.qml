@@ -17,14 +17,14 @@ Flow {
     required property pointInTime moment
     required property string name
 
-    // The time that was asked for. The moment can have another: on the day that skips an hour, 2:30
-    // is 3:30, and the days after it are to have 2:30 again.
+    // A moment with the time of day that the user chose. The field's moment can differ: on a day that
+    // skips 2:30 it is 3:30, but the following days must get 2:30 again.
     property pointInTime timeOfDay: root.moment
 
     signal edited(moment: pointInTime)
 
-    // Takes over what is typed; returns whether it was understood. The part that was not has its old
-    // value back then, and the focus.
+    // Applies the typed texts, the day first; returns whether both were understood. The first field
+    // whose text was not understood gets its old value back and the focus.
     function commit(): bool {
         return day.submit() && time.submit()
     }

@@ -7,7 +7,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 
 // How a typed day or time of day is read.
 

@@ -7,7 +7,7 @@ import QtQuick.Templates as T
 import org.norvane.panel
 
 // A push button with a ground and an outline: those of an ordinary answer, of the one that the form
-// is there for, or of one that destroys. A button that cannot be pressed has neither.
+// is there for, or of one that destroys. A disabled button has no ground and only a faint outline.
 PanelButton {
     id: root
 

@@ -20,7 +20,7 @@ T.TextField {
     readonly property string breaks: "[\\t-\\r\\x1c-\\x1f\\x85\\u2028\\u2029]"
     readonly property bool menuOpen: menu.active
     property bool straightening: false
-    // What the field stands at, as a whole number, where it can be stepped; for a screen reader.
+    // For screen readers: the value as an integer if the field can be stepped; otherwise undefined.
     property var value
 
     // The user changed the text, to this, which has no line breaks.
@@ -35,7 +35,8 @@ T.TextField {
         return text.replace(atTheEnds, "").replace(new RegExp("\\r\\n|" + root.breaks, "g"), " ")
     }
 
-    // Puts the text that came in last, which ends at the cursor, in once more without its breaks.
+    // Undoes the last insertion, which ends at the cursor, and inserts it again without line breaks,
+    // so that one undo removes it.
     function straighten() {
         const edited = root.text
         const cursor = root.cursorPosition

@@ -7,7 +7,8 @@ import QtQuick.Templates as T
 import org.norvane.panel
 
 // What the panel's buttons have in common: their label, and how keyboard and screen reader reach
-// them. Icon only, the text is for the screen reader alone.
+// them. With the icon only, the text is not drawn: a screen reader says it, and the buttons made from
+// this one show it as a hint.
 T.AbstractButton {
     id: root
 

@@ -4,7 +4,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A scroll bar that is visible only while there is more content than fits.
+// A vertical scroll bar that is visible only while there is more content than fits and the bar is
+// more than four times as long as it is wide.
 T.ScrollBar {
     id: root
 

@@ -6,8 +6,9 @@ import QtQuick.Templates as T
 import org.norvane.panel
 
 // A button without bezel or background: its label alone, fainter under the pointer and fainter
-// still while pressed, with a ring around it while it has the keyboard. It takes presses a little
-// around the label, which does not count in the layout. Without a text to be seen, a hint says it.
+// still while pressed, with a ring around it while it has the keyboard. It takes presses on its padding
+// too; an owner that aligns the label subtracts the padding from the margins. With the icon only, a
+// hint shows the text.
 PanelButton {
     id: root
 

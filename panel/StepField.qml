@@ -20,7 +20,7 @@ FormTextField {
 
     signal edited(moment: pointInTime)
 
-    // Takes over what is typed, or puts the old value back; returns whether it was understood.
+    // Applies the typed text, or restores the old value; returns whether the text was understood.
     function commit(): bool {
         const changed = root.text !== root.shown
         const understood = !changed || root.calendar.understands(root.moment, root.part, root.text)
@@ -30,7 +30,8 @@ FormTextField {
         return understood
     }
 
-    // The same, with the focus here where it was not understood, so that the old value is seen.
+    // Like commit(), but if the text was not understood, also focuses the field and selects the
+    // restored value.
     function submit(): bool {
         const understood = root.commit()
         if (!understood) {

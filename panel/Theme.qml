@@ -14,7 +14,7 @@ QtObject {
     readonly property real padding: 16
     readonly property real spacing: 8
     readonly property real corner: 6
-    // Whether the panel's window has rounded corners; set by that window.
+    // The radius of the corners of the panel's window, 0 if they are square; set by that window.
     property real windowCorner: 0
 
     readonly property font largeTitle: TextStyles.largeTitle
@@ -35,8 +35,8 @@ QtObject {
     readonly property SystemPalette palette: SystemPalette {}
     readonly property bool dark: theme.palette.window.hslLightness < 0.5
     readonly property color background: theme.palette.window
-    // The background under the pointer: a little towards the text, or away from it where that could
-    // no longer be read.
+    // The background under the pointer: mixed slightly with the text colour, or with its opposite
+    // (black or white) if the text has little contrast to spare.
     readonly property color lit: Contrast.blended(
         Contrast.ratio(theme.primary, theme.background) > 2 * theme.textRatio ? theme.primary : Contrast.onGround(theme.primary),
         0.06, theme.background)
@@ -80,9 +80,8 @@ QtObject {
         return Contrast.hue(color, theme.background, theme.lit, theme.textRatio, theme.symbolRatio)
     }
 
-    // The side of a symbol that stands beside a text, 16 for the usual sizes of body and caption: in
-    // fours, which are whole pixels of the screen also at 1.25 and 1.5 times the size, so that its
-    // edges stay crisp.
+    // The side of a symbol beside text in this font: a multiple of 4, so that it is a whole number of
+    // device pixels at scales 1.25 and 1.5 too. 16 for the usual body and caption sizes.
     function symbolSize(font: font): int {
         return 4 * Math.max(1, Math.round(font.pixelSize * 0.26 + 1))
     }

@@ -11,9 +11,9 @@ namespace norvane {
 
 /// The panel's texts in the user's language, and the direction that its lines run in.
 ///
-/// Applies as long as the object exists. The first of the user's languages that is English or has a
-/// translation is used. If there is none, the texts are English and the direction is that of the
-/// user's first language.
+/// The texts apply as long as the object exists; the direction stays. The first of the user's
+/// languages that is English or has a translation is used. If there is none, the texts are English
+/// and the direction is that of the user's first language.
 class Translation {
 public:
     /// In the languages that the locale wants for its texts.

@@ -11,8 +11,6 @@
 #include <QCoreApplication>
 #include <QSet>
 
-#include <algorithm>
-
 namespace norvane {
 
 namespace {

@@ -35,7 +35,7 @@ public:
         PlaceRole = Qt::AccessibleDescriptionRole, ///< "3 of 12".
     };
 
-    /// Borrows the store and the platform's clock and calendar.
+    /// Borrows the store and the platform's clock.
     TrialListModel(const TrialStore &store, const Platform &platform);
 
     /// Updates every row for the current time.

@@ -44,10 +44,11 @@ public:
     [[nodiscard]] QString sentence() const;
 
     /// The name to draw. It stands between U+2068 and U+2069, which keep a name from right to left
-    /// from rearranging the words around it; what of such marks the name itself holds is balanced,
-    /// so that none of them reaches beyond it.
+    /// from rearranging the words around it. Such marks inside the name are balanced, so that none
+    /// takes effect outside it.
     QString shownName;
-    QString spokenName;       ///< The same without the two marks, for a screen reader.
+    /// For a screen reader: the same without the two marks, its own marks unchanged.
+    QString spokenName;
     qint64 daysRemaining = 0; ///< Whole calendar days, negative once the end is a day past.
     QString daysText;         ///< The same in words: "5d left".
     urgencies::Urgency urgency = urgencies::Urgency::Over;

@@ -18,12 +18,12 @@ namespace norvane {
 class Calendar;
 class Clock;
 
-/// What the date field and its month calendar ask: how moments read, and what editing makes of
-/// them, in the user's locale, calendar and time zone.
+/// Formats moments for the date field and the month calendar, and computes the moment that results
+/// from an edit, in the user's locale and time zone.
 ///
-/// Remembers nothing. An edit that makes no sense, or leads out of the years 1 to 9999, gives the
-/// moment it was given. Every edit keeps the seconds. A date is a day number: days of the
-/// Gregorian calendar, counted as QDate does.
+/// Stateless. An edit that is not understood, or that leaves the years 1 to 9999, returns the
+/// moment unchanged. Every edit keeps the seconds. A date is a day number: days of the Gregorian
+/// calendar, counted as QDate does.
 class UserCalendar : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -43,8 +43,8 @@ public:
     [[nodiscard]] Q_INVOKABLE bool understands(norvane::PointInTime moment,
                                                norvane::UserCalendar::Part part,
                                                const QString &text) const;
-    /// The moment after a text was typed over one of its parts. `timeOfDay` has the time that a
-    /// typed date is to have.
+    /// The moment after a text was typed over one of its parts. A new date gets the time of day of
+    /// `timeOfDay`.
     [[nodiscard]] Q_INVOKABLE norvane::PointInTime typed(norvane::PointInTime moment,
                                                          norvane::UserCalendar::Part part,
                                                          const QString &text,
@@ -68,7 +68,7 @@ public:
     ///
     /// Days carry into months; a month or year keeps the day where it has one, else takes its last.
     /// Hours and minutes are real ones, so that stepping passes a change of daylight saving.
-    /// `timeOfDay` has the time that a stepped date is to have.
+    /// A new date gets the time of day of `timeOfDay`.
     [[nodiscard]] Q_INVOKABLE norvane::PointInTime stepped(norvane::PointInTime moment, int field,
                                                            int steps,
                                                            norvane::PointInTime timeOfDay) const;
@@ -77,7 +77,7 @@ public:
     [[nodiscard]] Q_INVOKABLE int today() const;
     /// The moment's date.
     [[nodiscard]] Q_INVOKABLE int dayOf(norvane::PointInTime moment) const;
-    /// The moment on another date, at that time of day.
+    /// The moment on another date, at the time of day of `timeOfDay`.
     [[nodiscard]] Q_INVOKABLE norvane::PointInTime onDay(norvane::PointInTime moment, int day,
                                                          norvane::PointInTime timeOfDay) const;
 
@@ -95,7 +95,7 @@ public:
     [[nodiscard]] Q_INVOKABLE QString spokenDay(int day) const;
 
 signals:
-    /// Emitted when the panel is shown again: today may be another day.
+    /// Emitted whenever the panel is rebuilt: today may be another day.
     void refreshed();
 
 private:

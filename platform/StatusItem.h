@@ -14,11 +14,11 @@ namespace norvane {
 
 /// One press on the status icon, as far as the desktop tells of it.
 struct IconPress {
-    /// The icon itself, in the window system's own pixels; for desktops that draw it for us from
-    /// a window of ours, and so know it for certain.
+    /// The icon's rectangle in device pixels. Known only in an X11 tray, where the icon is a window
+    /// of Norvane's.
     std::optional<QRect> icon;
-    /// Where a host of icons says it was pressed, in the same pixels or, with some hosts, in
-    /// numbers that mean nothing on the screen.
+    /// The position that a host reports for the press, in device pixels; some hosts report numbers
+    /// that are no screen position.
     std::optional<QPoint> place;
     /// What lets a window take the keyboard on strict desktops; good for one use, or empty.
     QString activationToken;

@@ -13,15 +13,14 @@ namespace norvane {
 
 /// A time zone: how far its clocks are from UTC at any moment.
 ///
-/// The machine's zone is as a rule the one that the C library works with, whatever the settings
-/// that it comes from: the zone file /etc/localtime, be it a link, a copy or a mount, or in the
-/// environment (TZ) a name, a rule or a path. Asking the C library for offsets is what keeps
-/// Norvane and every other program in the same zone. To find a name and look that up instead goes
-/// wrong: a copy has none, /etc/timezone may be out of date, and "UTC-3" is a rule whose sign means
-/// the opposite of what it seems to.
+/// The machine's zone is normally the one that the C library uses: from /etc/localtime (a link, a
+/// copy or a mount), or from the environment variable TZ (a name, a rule or a path). Asking the C
+/// library for offsets keeps Norvane in the same zone as every other program. Looking the zone up
+/// by name would not: a copy has no name, /etc/timezone can be outdated, and the sign in a rule
+/// such as "UTC-3" is inverted.
 ///
-/// The exception is a path in TZ that leads into the zone database: the C library reads it only
-/// once in a process, so such a zone is looked up by name, and a link that is replaced counts.
+/// Exception: if TZ is a path that leads into the zone database, the zone is looked up by name. The
+/// C library reads such a path only once per process and would miss that a link was replaced.
 class Zone {
 public:
     /// The zone that the machine is in at the moment of the call.

@@ -121,7 +121,8 @@ void TrialStore::scheduleAllNotifications()
 {
     platform_.notificationCenter.removeAllPendingNotificationRequests();
     const QList<Trial> snapshot = trials_;
-    // By their bytes, whose hash is seeded: a file can hold any number of ids that hash alike.
+    // Keyed by the id's bytes, whose hash is seeded. Which QUuids hash alike can be predicted, so a
+    // crafted file could put all ids into one bucket.
     QHash<QByteArray, qsizetype> firstWithId;
     for (qsizetype index = snapshot.size() - 1; index >= 0; --index) {
         firstWithId.insert(snapshot.at(index).id.toRfc4122(), index);

@@ -82,7 +82,7 @@ PortalAppearance::PortalAppearance(QDBusConnection bus)
     // A whole message needs no type to be registered; a QDBusVariant would.
     if (!bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
                       SLOT(settingChanged(QDBusMessage)))) {
-        qWarning("The desktop's light and dark cannot be followed: %s",
+        qWarning("Changes of the desktop's appearance cannot be followed: %s",
                  qUtf8Printable(bus_.lastError().message()));
     }
     connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::ask);

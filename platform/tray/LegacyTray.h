@@ -18,8 +18,9 @@ namespace norvane {
 ///
 /// The icon is shown by a small process of its own, for two reasons: it needs Qt Widgets, whose
 /// memory most desktops should not pay for, and Qt decides only once in a process what kind of tray
-/// there is. A new process is started for each tray that appears, and again when a process dies.
-/// The process ends with the tray, with this object, and when its standard input closes.
+/// there is. A new process is started for each tray that appears, and again when a process dies,
+/// but at most ten times for one tray. The process ends with the tray, with this object, and when
+/// its standard input closes.
 class LegacyTray final : public QObject {
     Q_OBJECT
 

@@ -20,7 +20,9 @@ X11TrayWatch::X11TrayWatch()
 
 void X11TrayWatch::lookForManager()
 {
-    do { // One that ends before its end can be heard of is not the owner any more.
+    // Repeats if the owner changed meanwhile: the end of a manager that ended before listenTo()
+    // took effect is never reported.
+    do {
         manager_ = owner();
         if (manager_ != XCB_WINDOW_NONE) {
             display_.listenTo(manager_,

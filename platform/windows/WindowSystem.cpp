@@ -22,7 +22,8 @@ QRect inDevicePixels(const QScreen &screen)
     return {screen.geometry().topLeft(), size.toSize()};
 }
 
-/// Qt scales around the top left corner of the screen's position as Qt knows it.
+/// A point in device-independent pixels. Qt keeps a screen's top-left corner in device pixels and
+/// divides only distances from that corner by the scale.
 QPointF scaled(const QPointF &place, const QScreen &screen)
 {
     const QPointF origin = screen.geometry().topLeft();

@@ -40,7 +40,7 @@ public:
 
     /// The screens and their work areas, the primary screen first.
     [[nodiscard]] QList<ScreenArea> screens() const;
-    /// The same rectangle in device-independent pixels, if it touches a screen.
+    /// The same rectangle in device-independent pixels; nothing if its centre is on no screen.
     [[nodiscard]] std::optional<QRect> fromDevicePixels(const QRect &rect) const;
 
     /// Keeps a window out of taskbars, pagers and switchers, and on every workspace, as far as
