@@ -30,56 +30,55 @@ QByteArray addressOfSessionBus()
 
 } // namespace
 
-struct SessionBus::Greeting {
+struct SessionBus::Probe {
     const QByteArray address;
     std::mutex mutex;
     std::condition_variable answer;
     bool hasAnswered = false;
-    SessionBus *toTell = nullptr; ///< Is told of a late answer.
+    SessionBus *listener = nullptr; ///< Is told of a late answer; may be null.
 
-    explicit Greeting(QByteArray busAddress) : address{std::move(busAddress)} {}
+    explicit Probe(QByteArray busAddress) : address{std::move(busAddress)} {}
 
     void run()
     {
-        while (BusLink::greet(address) == BusLink::Greeting::Silence) {
+        while (BusLink::probe(address) == BusLink::ProbeResult::NoReply) {
         }
         const std::lock_guard lock{mutex};
         hasAnswered = true;
         answer.notify_all();
-        if (toTell != nullptr) {
-            QMetaObject::invokeMethod(toTell, &SessionBus::takeUp, Qt::QueuedConnection);
+        if (listener != nullptr) {
+            QMetaObject::invokeMethod(listener, &SessionBus::handleAnswer, Qt::QueuedConnection);
         }
     }
 };
 
 SessionBus::SessionBus(std::chrono::milliseconds timeout)
-    : greeting_{std::make_shared<Greeting>(addressOfSessionBus())},
+    : probe_{std::make_shared<Probe>(addressOfSessionBus())},
       formerAddress_{qgetenv(addressVariable)},
       wasSet_{qEnvironmentVariableIsSet(addressVariable)}
 {
-    if (greeting_->address.isEmpty()) {
+    if (probe_->address.isEmpty()) {
         return;
     }
     // The thread cannot be ended while it waits for the bus, so it is detached.
-    std::thread{[greeting = greeting_] { greeting->run(); }}.detach();
-    std::unique_lock lock{greeting_->mutex};
-    isSilent_ =
-        !greeting_->answer.wait_for(lock, timeout, [this] { return greeting_->hasAnswered; });
+    std::thread{[probe = probe_] { probe->run(); }}.detach();
+    std::unique_lock lock{probe_->mutex};
+    isSilent_ = !probe_->answer.wait_for(lock, timeout, [this] { return probe_->hasAnswered; });
     if (isSilent_) {
-        greeting_->toTell = this;
+        probe_->listener = this;
         qputenv(addressVariable, "disabled:");
     }
 }
 
 SessionBus::~SessionBus()
 {
-    const std::lock_guard lock{greeting_->mutex};
-    greeting_->toTell = nullptr;
+    const std::lock_guard lock{probe_->mutex};
+    probe_->listener = nullptr;
 }
 
 QString SessionBus::address() const
 {
-    return QFile::decodeName(greeting_->address);
+    return QFile::decodeName(probe_->address);
 }
 
 QDBusConnection SessionBus::connectAs(const QString &name) const
@@ -87,12 +86,12 @@ QDBusConnection SessionBus::connectAs(const QString &name) const
     if (isSilent_) {
         return QDBusConnection{name};
     }
-    return greeting_->address.isEmpty()
+    return probe_->address.isEmpty()
                ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)
                : QDBusConnection::connectToBus(address(), name);
 }
 
-void SessionBus::takeUp()
+void SessionBus::handleAnswer()
 {
     if (wasSet_) {
         qputenv(addressVariable, formerAddress_);

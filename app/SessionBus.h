@@ -41,12 +41,12 @@ signals:
     void answered();
 
 private:
-    struct Greeting;
+    struct Probe;
 
-    void takeUp();
+    void handleAnswer();
 
-    std::shared_ptr<Greeting> greeting_; ///< Shared with the thread, which may outlive this object.
-    QByteArray formerAddress_;           ///< The variable's value before it was changed.
+    std::shared_ptr<Probe> probe_; ///< Shared with the thread, which may outlive this object.
+    QByteArray formerAddress_;     ///< The variable's value before it was changed.
     bool wasSet_ = false;
     bool isSilent_ = false;
 };

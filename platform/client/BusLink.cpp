@@ -21,32 +21,34 @@ BusLink::~BusLink()
     disconnectFromBus();
 }
 
-BusLink::Greeting BusLink::greet(const QByteArray &address)
+BusLink::ProbeResult BusLink::probe(const QByteArray &address)
 {
     DBusError error = DBUS_ERROR_INIT;
+    bool wasClosed = false;
     DBusConnection *const connection = dbus_connection_open_private(address.constData(), &error);
     if (connection != nullptr) {
         dbus_connection_set_exit_on_disconnect(connection, FALSE);
         dbus_bus_register(connection, &error);
+        wasClosed = dbus_connection_get_is_connected(connection) == FALSE;
         dbus_connection_close(connection);
         dbus_connection_unref(connection);
     }
     const auto failedWith = [&](const char *name) {
         return dbus_error_has_name(&error, name) == TRUE;
     };
-    Greeting greeting = Greeting::Welcome;
-    if (failedWith(DBUS_ERROR_NO_REPLY) || failedWith(DBUS_ERROR_TIMEOUT)) {
-        greeting = Greeting::Silence;
-    } else if (dbus_error_is_set(&error) == TRUE) {
-        greeting = Greeting::Refusal;
-    }
+    // A bus that turns the user away closes the connection, which also counts as no reply.
+    const bool isSilent =
+        !wasClosed && (failedWith(DBUS_ERROR_NO_REPLY) || failedWith(DBUS_ERROR_TIMEOUT));
+    const bool isAccepted = dbus_error_is_set(&error) == FALSE;
     dbus_error_free(&error);
-    return greeting;
+    return isAccepted ? ProbeResult::Accepted
+           : isSilent ? ProbeResult::NoReply
+                      : ProbeResult::Refused;
 }
 
 bool BusLink::open(const QString &address)
 {
-    if (!address.isEmpty() && greet(QFile::encodeName(address)) != Greeting::Welcome) {
+    if (!address.isEmpty() && probe(QFile::encodeName(address)) != ProbeResult::Accepted) {
         return false;
     }
     // Qt shares connections of the same name, so this one gets a name of its own.

@@ -19,7 +19,7 @@ namespace norvane {
 /// A session bus connection of its own, which tells when the bus goes away and when the
 /// notification centre comes and goes.
 ///
-/// Lives on one thread, whose event loop must run. Only open() and greet() block.
+/// Lives on one thread, whose event loop must run. Only open() and probe() block.
 class BusLink final : public QObject {
     Q_OBJECT
 
@@ -27,13 +27,13 @@ public:
     explicit BusLink(QObject *parent) : QObject{parent} {}
     ~BusLink() override;
 
-    enum class Greeting { Welcome, Refusal, Silence };
+    enum class ProbeResult { Accepted, Refused, NoReply };
 
-    /// How the bus at an address takes a new connection, which is closed again. A silent bus blocks
-    /// the calling thread for a time limit of the bus library, of about half a minute. Qt would
-    /// wait for ever, on a thread that all its connections share and that the program's end waits
-    /// for.
-    [[nodiscard]] static Greeting greet(const QByteArray &address);
+    /// Opens a connection to the bus at this address without Qt, closes it again, and tells whether
+    /// the bus accepted it. A bus that never answers blocks the calling thread for a time limit of
+    /// the bus library, of about half a minute. Qt would wait without a limit, on a thread that all
+    /// its bus connections share and that must end before the process can.
+    [[nodiscard]] static ProbeResult probe(const QByteArray &address);
 
     /// Connects to the bus at the address; empty means the usual one. False if there is no bus, or
     /// none that answers.

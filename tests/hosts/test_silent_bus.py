@@ -13,7 +13,7 @@ from pathlib import Path
 import pytest
 from support.desktop import Desktop
 from support.shell import PROGRAM, Shell
-from support.silent_bus import SilentBus
+from support.silent_bus import ClosingBus, SilentBus
 from support.waiting import wait_until
 
 CENTER = Path(__file__).resolve().parent.parent / "support/recording_center.py"
@@ -36,6 +36,18 @@ def test_the_window_comes_in_time_and_a_signal_ends_it(tmp_path, authenticates):
 
     # A second for the bus, one for the folder at most, and two in which a tray could take the icon.
     assert seconds < 6
+
+
+def test_a_bus_that_turns_it_away_is_left_alone(tmp_path):
+    with Desktop(tmp_path, panel=None) as desktop:
+        bus = ClosingBus(tmp_path / "closing")
+        desktop.start("trayer", "--edge", "top", "--widthtype", "request", "--height", "30")
+        norvane = desktop.start(PROGRAM, DBUS_SESSION_BUS_ADDRESS=f"unix:path={tmp_path}/closing")
+        wait_until(lambda: desktop.windows("Norvane"), "the icon")
+
+        assert bus.connections < 50
+        desktop.stop(norvane)
+        assert norvane.returncode == 0
 
 
 def test_the_icon_of_an_old_tray_comes_in_time(tmp_path):

@@ -1,9 +1,25 @@
 # SPDX-FileCopyrightText: 2026 the Norvane authors
 # SPDX-License-Identifier: MIT
-"""A session bus that accepts connections and then says nothing."""
+"""Session buses that are of no use: one accepts connections and says nothing, one closes them."""
 
 import socket
 import threading
+
+
+class ClosingBus:
+    """Closes each connection at once, like a bus that turns the user away."""
+
+    def __init__(self, path):
+        self.connections = 0
+        self.listener = socket.socket(socket.AF_UNIX)
+        self.listener.bind(str(path))
+        self.listener.listen()
+        threading.Thread(target=self._accept, daemon=True).start()
+
+    def _accept(self):
+        while True:
+            self.listener.accept()[0].close()
+            self.connections += 1
 
 
 class SilentBus:
