@@ -24,24 +24,24 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// From its start to its name.
+/// How long the fallback program may take to own the centre's name.
 constexpr auto timeForFallback = 5s;
 
-/// Before the centre is started, or the bus connected, a second time, a third time, ...
+/// Before the next attempt to start the centre or to connect; doubled each time.
 constexpr auto firstPause = 1s;
 constexpr auto longestPause = 60s;
 
 /// Few enough for the centre to write them to the disk at once, many enough for thousands a second.
 constexpr std::size_t batchSize = 1'000;
 
-/// So many calls held enough memory to be worth giving it back.
+/// After so many calls, the memory that they took is given back to the system.
 constexpr std::size_t callsOfBurst = 100;
 
 } // namespace
 
-BusSender::BusSender(QString fallbackProgram, IsStarting isStarting)
+BusSender::BusSender(QString fallbackProgram, TakesLonger takesLonger)
     : fallbackProgram_{std::move(fallbackProgram)},
-      isStarting_{std::move(isStarting)},
+      takesLonger_{std::move(takesLonger)},
       link_{this},
       mostInBatch_{batchSize},
       nextStep_{this},
@@ -95,7 +95,9 @@ void BusSender::flush(std::chrono::milliseconds timeout,
     QTimer limit;
     limit.setSingleShot(true);
     connect(&limit, &QTimer::timeout, &untilOver, [&] {
-        if (!*isStarting_) {
+        if (isStarting_) {
+            *takesLonger_ = true;
+        } else {
             untilOver.quit();
         }
     });
@@ -130,7 +132,7 @@ void BusSender::enter(State state)
 {
     ++transitions_;
     startTimeout_.stop();
-    *isStarting_ = false;
+    isStarting_ = false;
     state_ = state;
     emit stateChanged();
 }
@@ -217,7 +219,7 @@ void BusSender::startCentre()
         });
     // The bus handles calls in order: once it answers this one, it has begun to start the centre.
     whenAnswered(callToBus(QStringLiteral("GetId")), [this](const QDBusPendingCall &answer) {
-        *isStarting_ = state_ == State::Starting && !answer.isError();
+        isStarting_ = state_ == State::Starting && !answer.isError();
     });
 }
 

@@ -38,17 +38,18 @@ class BusSender final : public QObject {
     Q_OBJECT
 
 public:
-    /// Whether the bus is known to be starting the centre; may be read on any thread.
-    using IsStarting = std::shared_ptr<std::atomic<bool>>;
+    /// Set by flush() when it goes on after its first timeout; may be read on any thread.
+    using TakesLonger = std::shared_ptr<std::atomic<bool>>;
 
     /// `fallbackProgram` is the notifier to start where the bus cannot start one; may be empty.
-    BusSender(QString fallbackProgram, IsStarting isStarting);
+    BusSender(QString fallbackProgram, TakesLonger takesLonger);
 
-    /// Calls are kept until it is said where the bus is; empty for the usual address.
+    /// Calls are kept until this tells where the bus is; empty for the usual address.
     void setBusAddress(const QString &address);
     void send(const CallQueue::Call &call);
-    /// Sends all calls and returns when they are confirmed, when they cannot be sent, or after the
-    /// timeout; after the second one while the centre is known to be starting.
+    /// Sends all calls. Returns when they are confirmed, when they cannot be sent, or after
+    /// `timeout`. While the bus is starting the centre at that moment, goes on: until `timeout`
+    /// after the start, but no longer than `timeoutWhileStarting` altogether.
     void flush(std::chrono::milliseconds timeout, std::chrono::milliseconds timeoutWhileStarting);
 
 signals:
@@ -98,7 +99,8 @@ private:
     void whenAnswered(const QDBusMessage &call, Handler handler);
 
     const QString fallbackProgram_;
-    const IsStarting isStarting_;
+    const TakesLonger takesLonger_;
+    bool isStarting_ = false; ///< The bus is known to be starting the centre.
     State state_ = State::Disconnected;
     int transitions_ = 0; ///< Counts the changes of the state.
     std::optional<QString> address_;

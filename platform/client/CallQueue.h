@@ -22,8 +22,8 @@ public:
         QString method;
         QVariantList arguments;
 
-        /// The message for the bus. It never starts the centre: a centre that starts gets all
-        /// waiting calls in order.
+        /// The message for the bus. It does not have the bus start the centre: the sender does,
+        /// and then sends all waiting calls in order.
         [[nodiscard]] QDBusMessage message() const;
 
         friend bool operator==(const Call &, const Call &) = default;
@@ -38,8 +38,8 @@ public:
     [[nodiscard]] std::vector<Call> takeBatch(std::size_t most);
     /// Forgets what was sent, and returns how many calls that were.
     std::size_t confirm();
-    /// Has what was sent wait again, in its place, less the adds that a later call withdraws: a
-    /// request that is due must not be shown because it was added again.
+    /// Puts the sent calls back in front of the waiting ones, without each AddRequest that a later
+    /// call withdraws: if it is due already, it would be shown before the withdrawal arrives.
     void takeBack();
     /// Forgets everything.
     void clear();

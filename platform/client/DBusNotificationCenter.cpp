@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <tuple>
 
 namespace norvane {
 
@@ -40,9 +39,9 @@ bool isTooLong(const QString &text)
 } // namespace
 
 DBusNotificationCenter::DBusNotificationCenter(const QString &fallbackProgram, Connect connect)
-    : isStarting_{std::make_shared<std::atomic<bool>>(false)},
+    : takesLonger_{std::make_shared<std::atomic<bool>>(false)},
       thread_{std::make_unique<QThread>()},
-      sender_{std::make_unique<BusSender>(fallbackProgram, isStarting_)}
+      sender_{std::make_unique<BusSender>(fallbackProgram, takesLonger_)}
 {
     thread_->setObjectName(QStringLiteral("notifications"));
     sender_->moveToThread(thread_.get());
@@ -66,11 +65,12 @@ DBusNotificationCenter::~DBusNotificationCenter()
         Qt::QueuedConnection);
     const bool hasEnded =
         thread_->wait(QDeadlineTimer{timeout}) ||
-        (*isStarting_ && thread_->wait(QDeadlineTimer{timeoutWhileStarting - timeout}));
+        (*takesLonger_ && thread_->wait(QDeadlineTimer{timeoutWhileStarting - timeout}));
     if (!hasEnded) {
         // It hangs in the bus library. The process is about to end, and the thread with it; a
         // QThread that is destroyed while it runs aborts the process.
-        std::ignore = thread_.release();
+        QThread *const thread = thread_.release();
+        QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
     }
 }
 

@@ -18,9 +18,10 @@ class BusSender;
 /// The notification centre as a client of org.norvane.NotificationCenter on the session bus.
 ///
 /// Works on a thread of its own, so that neither connecting nor a bus that hangs ever holds up the
-/// caller; no bus or no service means silence. Requests that the contract refuses are not sent.
-/// Destroying it waits until the centre has confirmed what was handed over: a second at most, or
-/// five while the centre is known to be starting.
+/// caller. The caller is never told of a failure; one line on standard error tells of a centre that
+/// does not start. Requests that the contract refuses are not sent. Destroying it waits until the
+/// centre has confirmed what was handed over: a second at most, or five when the centre is being
+/// started.
 class DBusNotificationCenter final : public NotificationCenter {
 public:
     enum class Connect { AtOnce, WhenToldWhere };
@@ -41,7 +42,7 @@ public:
 private:
     void post(const QString &method, const QVariantList &arguments);
 
-    std::shared_ptr<std::atomic<bool>> isStarting_;
+    std::shared_ptr<std::atomic<bool>> takesLonger_; ///< To end; shared with the sender.
     std::unique_ptr<QThread> thread_;
     std::unique_ptr<BusSender> sender_; ///< Lives on the thread.
 };

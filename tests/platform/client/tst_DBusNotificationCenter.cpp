@@ -13,7 +13,9 @@
 #include <QElapsedTimer>
 #include <QScopeGuard>
 #include <QTest>
+#include <QThread>
 
+#include <atomic>
 #include <memory>
 #include <thread>
 
@@ -382,6 +384,28 @@ private slots:
 
         QTRY_COMPARE(service.calls(), QStringList{call(0)});
         QVERIFY(timer.elapsed() < 5'000);
+    }
+
+    void theEndWaitsForTheAnswerOfAServiceThatWasStartedInItsFirstSecond()
+    {
+        RecordingCenterService service{QDBusConnection::sessionBus()};
+        const Offer offer{bus_, QStringLiteral("touch %1; exec sleep 60").arg(started())};
+        auto center = std::make_unique<DBusNotificationCenter>();
+        add(*center, 0);
+        std::atomic<bool> hasEnded = false;
+
+        std::thread end{[&] {
+            center.reset();
+            hasEnded = true;
+        }};
+        const auto joined = qScopeGuard([&end] { end.join(); });
+        QTest::qWait(900); // Nearly as long as the end takes without a service.
+        QVERIFY(service.appear());
+        QThread::msleep(400); // The service has its name, and answers nothing yet.
+
+        QVERIFY(!hasEnded);
+        QTRY_COMPARE(service.calls(), QStringList{call(0)});
+        QTRY_VERIFY(hasEnded);
     }
 
     /// Runs last: it ends the bus that the others share.

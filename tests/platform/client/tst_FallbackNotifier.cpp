@@ -122,8 +122,8 @@ private slots:
 
     void theProgramBesideIsNotGivenUpOnceItHasItsName()
     {
-        const auto isStarting = std::make_shared<std::atomic<bool>>(false);
-        BusSender sender{fallbackProgram, isStarting};
+        const auto takesLonger = std::make_shared<std::atomic<bool>>(false);
+        BusSender sender{fallbackProgram, takesLonger};
         const QSignalSpy changes{&sender, &BusSender::stateChanged};
         sender.setBusAddress({});
         sender.send({QStringLiteral("RemoveAllPendingRequests"), {}});
