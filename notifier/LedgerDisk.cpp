@@ -15,7 +15,7 @@
 #include <QUrl>
 #include <QVariant>
 
-#include <algorithm>
+#include <cerrno>
 #include <tuple>
 
 #include <sys/stat.h>
@@ -39,9 +39,10 @@ bool isDamage(const QSqlError &error)
     return codeOf(error) == 11 || codeOf(error) == 26;
 }
 
-/// Tables that do not take what is written to them (SQLITE_ERROR, SQLITE_CONSTRAINT,
-/// SQLITE_MISMATCH).
-bool isOfOtherTables(const QSqlError &error)
+/// A database that SQLite reads and that is not one of ours: of another text encoding, with rules
+/// that nobody knows here, or with tables that do not take what is written to them (SQLITE_ERROR,
+/// SQLITE_CONSTRAINT, SQLITE_MISMATCH).
+bool isForeign(const QSqlError &error)
 {
     return codeOf(error) == 1 || codeOf(error) == 19 || codeOf(error) == 20;
 }
@@ -138,6 +139,15 @@ LedgerDisk::Stamp LedgerDisk::stamp() const
     return stamp;
 }
 
+bool LedgerDisk::mayHoldSomething() const
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path_).constData(), &status) == 0) {
+        return S_ISREG(status.st_mode) && status.st_size > 0;
+    }
+    return errno != ENOENT && errno != ENOTDIR && errno != ELOOP;
+}
+
 /// Whether the path leads to an ordinary file. Opening a pipe or a device could block, or do harm.
 bool LedgerDisk::isFile() const
 {
@@ -215,9 +225,12 @@ bool LedgerDisk::makeFolder() const
 
 LedgerDisk::State LedgerDisk::tryAttach(QSqlDatabase &database) const
 {
+    detach(database); // So that an error of ATTACH is about this file.
     QSqlQuery query{database};
     const auto failure = [&] {
-        const State state = isDamage(query.lastError()) ? State::Damaged : State::Unwritable;
+        const QSqlError error = query.lastError();
+        const State state =
+            isDamage(error) || isForeign(error) ? State::Damaged : State::Unwritable;
         query.clear();
         detach(database);
         return state;
@@ -260,7 +273,7 @@ LedgerDisk::State LedgerDisk::prepareForWriting(QSqlDatabase &database, bool isN
                            (!isNew || ledgerTables::create(database, QStringLiteral("disk"))) &&
                            query.exec(QStringLiteral("PRAGMA disk.user_version = %1").arg(version));
     QSqlError error = isWritten ? ledgerTables::tryAll(database) : query.lastError();
-    const bool isOther = isWritten && isOfOtherTables(error);
+    const bool isOther = isWritten && isForeign(error);
     if (!error.isValid() && !query.exec(QStringLiteral("COMMIT"))) {
         error = query.lastError();
     }

@@ -47,13 +47,14 @@ public:
     /// Tells the process that uses the file, which watches the folder, that the file has changed.
     void tellOthers() const;
     /// Whether the attached file and its log are still those that their paths lead to. Looks at the
-    /// paths only: a file of the same process that is opened and closed again would take SQLite's
-    /// locks with it.
+    /// paths only: opening and closing the file in this process would release SQLite's locks on it.
     [[nodiscard]] bool isInPlace() const;
+    /// Whether there is a file that is not empty, or that may be there and cannot be looked at.
+    [[nodiscard]] bool mayHoldSomething() const;
     static void detach(QSqlDatabase &database);
 
-    /// Which files the paths of the file and its log lead to, how long they are and when they were
-    /// written last: another value after another process has written to them.
+    /// Device, number, size and time of the last write of the file and of its log. Another value
+    /// after another process has written to them.
     using Stamp = std::array<qint64, 10>;
     [[nodiscard]] Stamp stamp() const;
 

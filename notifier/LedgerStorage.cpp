@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <array>
 #include <tuple>
 #include <utility>
 
@@ -16,33 +17,64 @@ namespace norvane {
 
 namespace {
 
-const QStringList tables{QStringLiteral("pending"), QStringLiteral("outbox"),
-                         QStringLiteral("delivered")};
+struct Table {
+    QString name;
+    QString number; ///< The column that SQLite numbers the rows in, and a comma; or empty.
+    QString columns;
+};
+
+const std::array<Table, 3> tables{
+    Table{.name = QStringLiteral("pending"),
+          .number = QStringLiteral("number, "),
+          .columns = QStringLiteral("identifier, title, body, sound, \"trigger\", due, lapsed")},
+    Table{.name = QStringLiteral("outbox"),
+          .number = QStringLiteral("number, "),
+          .columns = QStringLiteral("identifier, title, body, sound, \"trigger\", due")},
+    Table{.name = QStringLiteral("delivered"),
+          .number = {},
+          .columns = QStringLiteral("identifier, \"trigger\", at")},
+};
+
+/// Copies a table whole from one schema to the other. The columns are named, because a file may
+/// have more of them.
+QString copying(const Table &table, QLatin1StringView from, QLatin1StringView to)
+{
+    const QString columns = table.number + table.columns;
+    return QStringLiteral("INSERT INTO %1.%2 (%3) SELECT %3 FROM %4.%2")
+        .arg(to, table.name, columns, from);
+}
+
+/// Adds a table in memory to the file's, as newer rows.
+QString merging(const Table &table)
+{
+    const QString order = table.number.isEmpty() ? QString{} : QStringLiteral(" ORDER BY number");
+    return QStringLiteral("INSERT OR REPLACE INTO disk.%1 (%2) SELECT %2 FROM main.%1%3")
+        .arg(table.name, table.columns, order);
+}
 
 /// Copies memory to the file, in place of what it holds.
-const QStringList replacing{
-    QStringLiteral("DELETE FROM disk.pending"),
-    QStringLiteral("DELETE FROM disk.outbox"),
-    QStringLiteral("DELETE FROM disk.delivered"),
-    QStringLiteral("INSERT INTO disk.pending SELECT * FROM main.pending"),
-    QStringLiteral("INSERT INTO disk.outbox SELECT * FROM main.outbox"),
-    QStringLiteral("INSERT INTO disk.delivered SELECT * FROM main.delivered"),
-};
+QStringList overwritingFile()
+{
+    QStringList statements;
+    for (const Table &table : tables) {
+        statements << QStringLiteral("DELETE FROM disk.") + table.name
+                   << copying(table, QLatin1StringView{"main"}, QLatin1StringView{"disk"});
+    }
+    return statements;
+}
 
 /// Copies memory to the file, in addition to what it holds.
-const QStringList adding{
-    QStringLiteral("DELETE FROM disk.outbox WHERE (identifier, \"trigger\") IN "
-                   "(SELECT identifier, \"trigger\" FROM main.outbox)"),
-    QStringLiteral("INSERT OR REPLACE INTO disk.pending (identifier, title, body, sound, "
-                   "\"trigger\", due, lapsed) SELECT identifier, title, body, sound, "
-                   "\"trigger\", due, lapsed FROM main.pending ORDER BY number"),
-    QStringLiteral("INSERT INTO disk.outbox (identifier, title, body, sound, \"trigger\", due) "
-                   "SELECT identifier, title, body, sound, \"trigger\", due FROM main.outbox "
-                   "ORDER BY number"),
-    QStringLiteral("INSERT OR REPLACE INTO disk.delivered SELECT * FROM main.delivered"),
-    QStringLiteral("DELETE FROM disk.outbox WHERE (identifier, \"trigger\") IN "
-                   "(SELECT identifier, \"trigger\" FROM disk.delivered)"),
-};
+QStringList mergingIntoFile()
+{
+    QStringList statements{
+        QStringLiteral("DELETE FROM disk.outbox WHERE (identifier, \"trigger\") IN "
+                       "(SELECT identifier, \"trigger\" FROM main.outbox)")};
+    for (const Table &table : tables) {
+        statements << merging(table);
+    }
+    return statements << QStringLiteral("DELETE FROM disk.outbox WHERE (identifier, \"trigger\") "
+                                        "IN (SELECT identifier, \"trigger\" FROM disk.delivered)");
+}
 
 /// How long a transaction waits for another program that looks into the file, in milliseconds.
 const QString waitForOthers = QStringLiteral("PRAGMA busy_timeout = 1000");
@@ -139,7 +171,7 @@ bool LedgerStorage::read(const std::function<void()> &work)
 {
     failed_ = false;
     work();
-    return !failed_;
+    return !failed_ && !isUnread_;
 }
 
 /// The file, its log or their folder was removed or replaced by somebody while it was in use. What
@@ -161,6 +193,7 @@ void LedgerStorage::startInMemory()
 {
     onDisk_ = false;
     holdsAll_ = false;
+    isUnread_ = false;
     statements_.clear();
     std::ignore = ledgerTables::create(database_, QStringLiteral("main"));
     leftDisk_();
@@ -171,9 +204,10 @@ void LedgerStorage::fallBackToMemory()
     startInMemory();
     holdsAll_ =
         disk_.attachForReading(database_) &&
-        std::ranges::all_of(tables, [this](const QString &table) {
-            return execute(QStringLiteral("INSERT INTO main.%1 SELECT * FROM disk.%1").arg(table));
+        std::ranges::all_of(tables, [this](const Table &table) {
+            return execute(copying(table, QLatin1StringView{"disk"}, QLatin1StringView{"main"}));
         });
+    isUnread_ = !holdsAll_ && disk_.mayHoldSomething();
     LedgerDisk::detach(database_);
     left_ = disk_.stamp();
 }
@@ -193,8 +227,9 @@ bool LedgerStorage::goBackToDisk()
         left_ = disk_.stamp();
         return false;
     }
-    for (const QString &table : tables) {
-        execute(QStringLiteral("DROP TABLE main.%1").arg(table));
+    isUnread_ = false;
+    for (const Table &table : tables) {
+        execute(QStringLiteral("DROP TABLE main.") + table.name);
     }
     return true;
 }
@@ -205,11 +240,11 @@ bool LedgerStorage::handOver()
         return false;
     }
     const bool isDone = attempt([this] {
-        for (const QString &copy : adding) {
-            change(copy);
+        for (const QString &statement : mergingIntoFile()) {
+            change(statement);
         }
-        for (const QString &table : tables) {
-            change(QStringLiteral("DELETE FROM main.%1").arg(table));
+        for (const Table &table : tables) {
+            change(QStringLiteral("DELETE FROM main.") + table.name);
         }
     });
     LedgerDisk::detach(database_);
@@ -224,8 +259,8 @@ bool LedgerStorage::copyToDisk()
     return attempt([this] {
         // Where the file could not be read when memory took its place, it may hold more than
         // memory.
-        for (const QString &copy : holdsAll_ ? replacing : adding) {
-            change(copy);
+        for (const QString &statement : holdsAll_ ? overwritingFile() : mergingIntoFile()) {
+            change(statement);
         }
     });
 }
@@ -237,14 +272,12 @@ bool LedgerStorage::execute(const QString &statement)
 
 QSqlQuery &LedgerStorage::run(const QString &statement, const QVariantList &values)
 {
-    auto found = statements_.find(statement);
-    if (found == statements_.end()) {
-        QSqlQuery query{database_};
+    const auto [found, isNew] = statements_.try_emplace(statement, database_);
+    QSqlQuery &query = found->second;
+    if (isNew || query.lastError().isValid()) { // What failed to be prepared would fail for ever.
         query.setForwardOnly(true);
         failed_ |= !query.prepare(statement);
-        found = statements_.emplace(statement, std::move(query)).first;
     }
-    QSqlQuery &query = found->second;
     for (qsizetype i = 0; i < values.size(); ++i) {
         query.bindValue(static_cast<int>(i), values[i]);
     }

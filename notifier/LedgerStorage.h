@@ -28,7 +28,7 @@ class LedgerStorage final {
 public:
     enum class Outcome {
         Durable, ///< The changes outlive a crash and a power cut.
-        InMemory ///< The changes count, but only while this process lives.
+        InMemory ///< The changes are in effect, but are lost when this process ends.
     };
 
     /// Nothing is touched before open(). The folder is the ledger's own. `leftDisk` is called each
@@ -41,12 +41,13 @@ public:
     /// False where there is no SQLite to work with, not even in memory. Otherwise it always opens;
     /// it waits for another process to release the file, but no longer than `timeout`.
     [[nodiscard]] bool open(std::chrono::milliseconds timeout);
-    /// Applies the changes that `work` makes, all of them or none. It may be called a second time,
-    /// when the first attempt came to nothing on disk.
+    /// Applies the changes that `work` makes, all of them or none. `work` may be called a second
+    /// time, when the first attempt failed on disk or the file turned out to be lost.
     Outcome transact(const std::function<void()> &work);
     [[nodiscard]] bool isOnDisk() const { return onDisk_; }
-    /// From memory back to the file, if it can be written again. What the file held, where it could
-    /// not be read before, is merged with what is in memory, also what was removed in memory: one
+    /// Copies memory back to the file, if it can be written again. Usually memory takes the place
+    /// of what the file holds. Where the file could not be read before, or another process has used
+    /// it since, the two are merged, and a request that was removed in memory may return: one
     /// reminder too many is better than one that was promised and lost. Does not wait for another
     /// process that uses the file. Not inside transact().
     [[nodiscard]] bool goBackToDisk();
@@ -59,7 +60,8 @@ public:
     void checkFile();
     /// Frees SQLite's caches.
     void shrinkMemory();
-    /// Whether everything that `work` reads, outside of transact(), could be read.
+    /// Whether everything that `work` reads, outside of transact(), could be read. False as well
+    /// while the file may hold something and could not be read, not even to copy it to memory.
     [[nodiscard]] bool read(const std::function<void()> &work);
 
     /// The statement, prepared once, with these values bound and executed. finish() it after use.
@@ -84,6 +86,7 @@ private:
     std::map<QString, QSqlQuery> statements_;
     bool onDisk_ = false;
     bool holdsAll_ = false;    ///< While in memory: all that the file held was copied there.
+    bool isUnread_ = false;    ///< While in memory: the file may hold what nobody could read.
     LedgerDisk::Stamp left_{}; ///< While in memory: the file as this process last saw it.
     bool failed_ = false;      ///< A statement of the running transaction, or read(), failed.
 };

@@ -49,12 +49,13 @@ QSqlError tryAll(QSqlDatabase &database)
                        "\"trigger\", due, lapsed) VALUES ('', '', '', '', '', 0, NULL)"),
         QStringLiteral("INSERT INTO disk.outbox (identifier, title, body, sound, \"trigger\", due) "
                        "VALUES ('', '', '', '', '', 0)"),
-        QStringLiteral("INSERT OR REPLACE INTO disk.delivered VALUES ('', '', 0)"),
+        QStringLiteral("INSERT OR REPLACE INTO disk.delivered (identifier, \"trigger\", at) "
+                       "VALUES ('', '', 0)"),
         QStringLiteral("ROLLBACK TO attempt"),
         QStringLiteral("RELEASE attempt"),
     };
     QSqlQuery query{database};
-    // They reach the tables in memory where these are in use; the file was tried before that.
+    // While there are tables in memory, these reach those; the statements below name the file.
     for (const QString &statement : ledgerStatements::all) {
         if (!query.prepare(statement)) {
             return query.lastError();

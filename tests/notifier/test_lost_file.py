@@ -110,11 +110,21 @@ def column_that_must_be_filled(notifier):
             "CREATE TRIGGER never BEFORE INSERT ON pending BEGIN SELECT raise(ABORT, 'no'); END"]
 
 
-@pytest.mark.parametrize("statements", [foreign_tables, no_tables, column_that_must_be_filled])
+def other_encoding(notifier):
+    return ["PRAGMA encoding = 'UTF-16'", "CREATE TABLE pending (identifier TEXT)"]
+
+
+def unknown_order(notifier):
+    return ["CREATE TABLE pending (identifier TEXT COLLATE unknown UNIQUE)"]
+
+
+@pytest.mark.parametrize("statements", [foreign_tables, no_tables, column_that_must_be_filled, other_encoding,
+                                        unknown_order])
 def test_a_file_of_other_tables_is_set_aside(statements, notifier):
     notifier.folder.mkdir(parents=True)
     wrong = statements(notifier)
     with closing(sqlite3.connect(notifier.ledger)) as ledger:
+        ledger.create_collation("unknown", lambda one, other: 0)  # Known here and nowhere else.
         for statement in wrong:
             ledger.execute(statement)
         ledger.execute("PRAGMA user_version = 1")

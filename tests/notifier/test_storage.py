@@ -11,6 +11,7 @@ import signal
 import sqlite3
 import stat
 import subprocess
+import time
 from contextlib import closing
 from pathlib import Path
 from tempfile import TemporaryDirectory
@@ -257,6 +258,41 @@ def test_in_a_read_only_folder_it_works_from_memory_on_what_is_there(open_notifi
     assert notifier.identifiers() == ["a-1h"]
     assert not_durable(notifier, "b-1h")
     assert notifier.identifiers() == ["a-1h", "b-1h"]
+
+
+def test_a_file_that_cannot_be_read_is_not_taken_for_empty(open_notifier):
+    notifier = open_notifier
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    notifier.kill()
+    for file in notifier.folder.iterdir():
+        file.chmod(0o000)
+    notifier.start(command=AS_ORDINARY_USER)
+
+    with pytest.raises(GLib.Error) as caught:
+        notifier.pending()
+
+    assert error_name(caught.value) == STORAGE_ERROR
+    assert not_durable(notifier, "b-1h")
+    notifier.folder.chmod(0o777)
+    for file in notifier.folder.iterdir():
+        file.chmod(0o666)
+    notifier.add("c-1h", FAR)
+    assert sorted(notifier.identifiers()) == ["a-1h", "b-1h", "c-1h"]
+
+
+def test_with_a_file_that_cannot_be_read_it_does_not_leave(open_notifier):
+    notifier = open_notifier
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    notifier.kill()
+    for file in notifier.folder.iterdir():
+        file.chmod(0o000)
+
+    notifier.start("--linger", "0", command=AS_ORDINARY_USER)
+
+    time.sleep(1)
+    assert notifier.has_owner()
 
 
 def test_thousands_of_requests_are_kept_and_listed_by_trigger(notifier):

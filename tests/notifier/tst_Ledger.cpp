@@ -182,7 +182,7 @@ private slots:
         QSqlDatabase::removeDatabase(name);
     }
 
-    void whatIsDoneWithAFileThatIsLostAndCannotBeReadCounts()
+    void aChangeIsKeptWhenTheFileIsLostAndUnreadable()
     {
         // More than SQLite keeps in memory, so that the rest is read from the file.
         ledger_->transact([&] {
