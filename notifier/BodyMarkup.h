@@ -7,7 +7,8 @@
 
 namespace norvane {
 
-/// The body as a server that reads markup must be given it, so that it shows the very text.
+/// Escapes a plain text for a server that reads the body as markup, so that exactly this text is
+/// shown.
 ///
 /// Control characters that XML cannot hold become U+FFFD: one of them would make the server's
 /// parser give up the whole text.

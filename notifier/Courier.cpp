@@ -15,8 +15,8 @@ namespace {
 
 constexpr int mostRefusals = 3;
 
-/// A server that goes away while it has a reminder may have been restarted by the user; one that
-/// does so again does not survive this reminder.
+/// A server that goes away while it has a reminder may have been restarted by the user. When that
+/// happens twice with the same reminder, the reminder is taken for the cause.
 constexpr int mostDeaths = 2;
 
 /// The first attempt, and two more at the same server.
@@ -29,7 +29,7 @@ QString keyOf(const NotificationRequest &request)
 
 } // namespace
 
-bool Courier::Trouble::isSetBack() const
+bool Courier::Failures::isPostponed() const
 {
     return refusals >= mostRefusals || deaths >= mostDeaths || unanswered >= mostUnanswered;
 }
@@ -47,6 +47,7 @@ Courier::Courier(Ledger &ledger, NotificationServer &server, const Clock &clock,
     connect(&server, &NotificationServer::shown, this, &Courier::shown);
     connect(&server, &NotificationServer::failed, this, &Courier::failed);
     connect(&server, &NotificationServer::appeared, this, &Courier::serverAppeared);
+    connect(&server, &NotificationServer::disappeared, this, &Courier::serverDisappeared);
 }
 
 void Courier::deliver()
@@ -56,12 +57,16 @@ void Courier::deliver()
     }
     timer_.stop();
     std::optional<OutboxEntry> entry = next();
+    if (!entry && !isOutboxEmpty()) {
+        timer_.start(pauses_.longest); // It could not be read.
+        return;
+    }
     if (!entry) {
-        troubles_.clear();
+        failures_.clear();
         emit emptied();
         return;
     }
-    const QDeadlineTimer retry = std::max(serverRetry_, troubleOf(entry->request).retry);
+    const QDeadlineTimer retry = std::max(serverRetry_, failuresOf(entry->request).retry);
     if (!retry.hasExpired()) {
         waitFor(retry);
         return;
@@ -70,14 +75,16 @@ void Courier::deliver()
     server_.show(*current_);
 }
 
-bool Courier::isEmpty() const
+void Courier::hold()
 {
-    return !ledger_.outboxHead();
+    isHeld_ = true;
+    server_.setOnHold(true);
 }
 
 void Courier::release()
 {
     isHeld_ = false;
+    server_.setOnHold(false);
     deliver();
 }
 
@@ -88,22 +95,22 @@ std::optional<OutboxEntry> Courier::next()
     std::optional<OutboxEntry> entry = firstToTry();
     while (entry && entry->due + worthShowingFor(entry->request.identifier) <= now) {
         ledger_.transact([&] { ledger_.lapseWaiting(entry->request, now); });
-        troubles_.erase(keyOf(entry->request));
+        failures_.erase(keyOf(entry->request));
         entry = firstToTry();
     }
     return entry;
 }
 
-/// The first in order that is not set back, else the one of those that may be tried the soonest.
+/// The first in order that is not postponed, otherwise the one that may be tried the soonest.
 std::optional<OutboxEntry> Courier::firstToTry()
 {
     std::optional<OutboxEntry> soonest;
     const std::optional<OutboxEntry> first = ledger_.firstInOutbox([&](const OutboxEntry &entry) {
-        const Trouble trouble = troubleOf(entry.request);
-        if (!trouble.isSetBack()) {
+        const Failures failures = failuresOf(entry.request);
+        if (!failures.isPostponed()) {
             return true;
         }
-        if (!soonest || trouble.retry < troubleOf(soonest->request).retry) {
+        if (!soonest || failures.retry < failuresOf(soonest->request).retry) {
             soonest = entry;
         }
         return false;
@@ -113,16 +120,17 @@ std::optional<OutboxEntry> Courier::firstToTry()
 
 void Courier::waitFor(const QDeadlineTimer &retry)
 {
-    // What is not tried any more is looked at all the same, so that it lapses in time.
+    // A reminder that this server is not given again must still be looked at, so that it lapses
+    // when it is no longer worth showing.
     const std::chrono::nanoseconds rest =
         retry.isForever() ? pauses_.longest : retry.remainingTimeAsDuration();
     timer_.start(std::chrono::ceil<std::chrono::milliseconds>(rest));
 }
 
-Courier::Trouble Courier::troubleOf(const NotificationRequest &request) const
+Courier::Failures Courier::failuresOf(const NotificationRequest &request) const
 {
-    const auto found = troubles_.find(keyOf(request));
-    return found == troubles_.end() ? Trouble{} : found->second;
+    const auto found = failures_.find(keyOf(request));
+    return found == failures_.end() ? Failures{} : found->second;
 }
 
 QDeadlineTimer Courier::pauseAfter(int failures) const
@@ -138,7 +146,7 @@ void Courier::shown(const NotificationRequest &request)
         ledger_.removeFromOutbox(request);
         ledger_.rememberDelivered(request, clock_.now().wholeSecond());
     });
-    troubles_.erase(keyOf(request));
+    failures_.erase(keyOf(request));
     serverFailures_ = 0;
     serverRetry_ = {};
     if (isDelivering() && keyOf(request) == keyOf(*current_)) {
@@ -158,20 +166,21 @@ void Courier::failed(NotificationServer::Failure failure)
     if (failure == Unavailable) {
         serverRetry_ = pauseAfter(++serverFailures_);
     } else {
-        Trouble &trouble = troubles_[keyOf(given)];
-        trouble.refusals += failure == Refused ? 1 : 0;
-        trouble.deaths += failure == Died ? 1 : 0;
-        trouble.unanswered += failure == Unanswered ? 1 : 0;
-        trouble.retry = trouble.unanswered >= mostUnanswered
-                            ? QDeadlineTimer{QDeadlineTimer::Forever}
-                            : pauseAfter(trouble.refusals + trouble.deaths + trouble.unanswered);
+        Failures &failures = failures_[keyOf(given)];
+        failures.refusals += failure == Refused ? 1 : 0;
+        failures.deaths += failure == Died ? 1 : 0;
+        failures.unanswered += failure == Unanswered ? 1 : 0;
+        failures.retry =
+            failures.unanswered >= mostUnanswered
+                ? QDeadlineTimer{QDeadlineTimer::Forever}
+                : pauseAfter(failures.refusals + failures.deaths + failures.unanswered);
     }
     emit answered();
     deliver();
 }
 
-/// Another server may take what the last one did not, and nothing has been given to it yet. Only a
-/// reminder that servers do not survive keeps its pause: it may be why they come and go.
+/// The new server may take what the previous one refused. Only a reminder during which servers
+/// went away twice keeps its pause: it may be the reason why they come and go.
 void Courier::serverAppeared()
 {
     if (isDelivering()) {
@@ -179,14 +188,24 @@ void Courier::serverAppeared()
     }
     serverFailures_ = 0;
     serverRetry_ = {};
-    const QDeadlineTimer pause = pauseAfter(mostDeaths);
-    for (auto &[key, trouble] : troubles_) {
-        trouble.refusals = 0;
-        trouble.unanswered = 0;
-        if (trouble.deaths < mostDeaths) {
-            trouble.retry = {};
-        } else if (trouble.retry.isForever()) {
-            trouble.retry = pause; // That was the server before, which never answered.
+    for (auto &[key, failures] : failures_) {
+        failures.refusals = 0;
+        if (failures.deaths < mostDeaths) {
+            failures.retry = {};
+        }
+    }
+    deliver();
+}
+
+/// The next server has been given nothing yet, so what this one left unanswered can be given to it.
+/// After a pause: the attempt may be what starts the next server, which then appears during it.
+void Courier::serverDisappeared()
+{
+    const QDeadlineTimer pause = pauseAfter(mostUnanswered);
+    for (auto &[key, failures] : failures_) {
+        failures.unanswered = 0;
+        if (failures.retry.isForever()) {
+            failures.retry = pause;
         }
     }
     deliver();

@@ -20,13 +20,13 @@ class Clock;
 
 /// Brings what is in the outbox to the notification server, one after the other and in order.
 ///
-/// A reminder leaves the outbox only after the server took it, or when it is no longer worth
-/// showing (LateRule). What concerns the server (there is none, it answers nothing) makes all wait,
-/// with pauses that grow, until a server appears. What concerns one reminder makes the others wait
-/// only at first: one that was refused three times, or that the server did not survive twice, is
-/// set back: it is tried again only when no other is left to try, after pauses that grow. One that
-/// this server never answered, though it was given it three times, is not given to it again: it may
-/// have been shown each time.
+/// A reminder leaves the outbox when the server has taken it, or when it is no longer worth showing
+/// (LateRule). A failure of the server (none is there, or it answers nothing) delays all reminders:
+/// the attempt is repeated after growing pauses, and at once when a server appears. A failure of
+/// one reminder delays the others only at first. After three refusals, or after two servers that
+/// went away while they had it, the reminder is postponed: it is tried only when no other reminder
+/// is left to try, after growing pauses. A reminder that this server left unanswered three times is
+/// not given to it again, because it may have been shown each time.
 ///
 /// Everything given is borrowed. One thread only.
 class Courier final : public QObject {
@@ -46,9 +46,10 @@ public:
     /// Delivers what is there, unless one is being delivered already, or all have to wait.
     void deliver();
     /// Hands out nothing more until release().
-    void hold() { isHeld_ = true; }
+    void hold();
     void release();
-    [[nodiscard]] bool isEmpty() const;
+    /// Whether nothing waits in the outbox. False as well when that cannot be read.
+    [[nodiscard]] bool isOutboxEmpty() const { return ledger_.isOutboxEmpty(); }
     /// Whether the server has a reminder that it has not answered yet.
     [[nodiscard]] bool isDelivering() const { return current_.has_value(); }
 
@@ -59,24 +60,25 @@ signals:
     void answered();
 
 private:
-    /// What happened to one reminder so far.
-    struct Trouble {
+    /// The failures of one reminder so far.
+    struct Failures {
         int refusals = 0;
         int deaths = 0;
-        int unanswered = 0;
+        int unanswered = 0;   ///< Of the server that is there now.
         QDeadlineTimer retry; ///< Not before it has expired.
 
-        [[nodiscard]] bool isSetBack() const;
+        [[nodiscard]] bool isPostponed() const;
     };
 
     void shown(const NotificationRequest &request);
     void failed(NotificationServer::Failure failure);
     void serverAppeared();
+    void serverDisappeared();
 
     [[nodiscard]] std::optional<OutboxEntry> next();
     [[nodiscard]] std::optional<OutboxEntry> firstToTry();
     void waitFor(const QDeadlineTimer &retry);
-    [[nodiscard]] Trouble troubleOf(const NotificationRequest &request) const;
+    [[nodiscard]] Failures failuresOf(const NotificationRequest &request) const;
     [[nodiscard]] QDeadlineTimer pauseAfter(int failures) const;
 
     Ledger &ledger_;
@@ -88,7 +90,7 @@ private:
     QTimer timer_;                               ///< Until something may be tried again.
     int serverFailures_ = 0; ///< In a row; what concerns the server, and so all reminders.
     QDeadlineTimer serverRetry_;
-    std::map<QString, Trouble> troubles_; ///< By identifier and trigger.
+    std::map<QString, Failures> failures_; ///< By identifier and trigger.
 };
 
 } // namespace norvane

@@ -56,6 +56,14 @@ bool isFromServer(const QDBusMessage &answer)
            !(error.startsWith(family) && others.contains(error.mid(family.size())));
 }
 
+/// Whether the server does not take this notification, and may take others. A bus can say the last
+/// as well, when too many messages wait for the server; trying again later is right for both.
+bool isRefusal(const QDBusMessage &answer)
+{
+    return isFromServer(answer) ||
+           answer.errorName() == QLatin1StringView{"org.freedesktop.DBus.Error.LimitsExceeded"};
+}
+
 /// Whether a server draws a button without text for the action of a click: LXQt's did before its
 /// version 1.2, Xfce's does in Debian 13, and no version of it reports a click that hits no button.
 bool drawsClickAction(const QString &name, const QString &version)
@@ -133,6 +141,10 @@ void DesktopNotificationServer::askName(Abilities abilities)
 
 void DesktopNotificationServer::notify()
 {
+    if (isOnHold_) {
+        fail(Failure::Unavailable);
+        return;
+    }
     QVariantMap hints{
         {QStringLiteral("desktop-entry"), busNames::application},
         {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)},
@@ -175,12 +187,12 @@ void DesktopNotificationServer::notifyAnswered(const NotificationRequest &reques
         }
         emit shown(request);
     } else if (isCurrent) {
-        fail(isFromServer(answer) ? Failure::Refused : Failure::Unavailable);
+        fail(isRefusal(answer) ? Failure::Refused : Failure::Unavailable);
     }
 }
 
-/// One answer is enough, however late. So that calls do not pile up at a server that never lives
-/// again, and none of the few is the one that was lost, the pauses between them grow.
+/// Asks repeatedly, because such a call can be lost too, and with growing pauses, so that few calls
+/// queue up at a server that never answers. One answer is enough, however late.
 void DesktopNotificationServer::askWhetherItLives()
 {
     state_ = State::Hanging;
@@ -228,7 +240,7 @@ bool DesktopNotificationServer::listen(bool on, const QString &signal, const cha
 void DesktopNotificationServer::closed(uint id)
 {
     if (unanswered_ > 0) {
-        closedMeanwhile_.insert(id); // Possibly what the answer, not looked at yet, will be about.
+        closedMeanwhile_.insert(id); // The answer with this number may not have been handled yet.
     }
     if (onScreen_.remove(id) && onScreen_.isEmpty()) {
         listenIfNeeded();
@@ -252,6 +264,7 @@ void DesktopNotificationServer::actionInvoked(uint id, const QString &action)
 
 void DesktopNotificationServer::ownerChanged(const QString &oldOwner, const QString &newOwner)
 {
+    const bool hasOne = state_ == State::Notifying || state_ == State::Hanging;
     ++owner_;
     abilities_.reset();
     if (!onScreen_.isEmpty()) {
@@ -259,8 +272,11 @@ void DesktopNotificationServer::ownerChanged(const QString &oldOwner, const QStr
         listenIfNeeded();
         emit screenCleared();
     }
-    if (!oldOwner.isEmpty() && (state_ == State::Notifying || state_ == State::Hanging)) {
-        fail(newOwner.isEmpty() ? Failure::Died : Failure::Unavailable);
+    if (!oldOwner.isEmpty()) {
+        emit disappeared();
+        if (hasOne) {
+            fail(newOwner.isEmpty() ? Failure::Died : Failure::Unavailable);
+        }
     }
     if (!newOwner.isEmpty()) {
         emit appeared();

@@ -22,10 +22,11 @@ namespace norvane {
 
 /// The server behind org.freedesktop.Notifications on the session bus.
 ///
-/// A notification that has no answer within the timeout may be lost, or the server hangs with the
-/// notification in its queue, and would show it twice if it was sent again. Which of both it is
-/// shows a call that has no effect: the server answers it once it lives again. Answers are waited
-/// for without limit, as long as the server exists.
+/// When no answer comes within the timeout, either the notification was lost, or the server hangs
+/// with it in its queue, and would show it twice if it were sent again. GetCapabilities, which
+/// changes nothing, tells which: when the server answers it, and not the notification sent before,
+/// that one counts as unanswered. Answers are awaited without a limit, as long as the server
+/// exists.
 class DesktopNotificationServer final : public NotificationServer {
     Q_OBJECT
 
@@ -35,6 +36,7 @@ public:
 
     void show(const NotificationRequest &request) override;
     [[nodiscard]] bool isShowing() const override { return !onScreen_.isEmpty(); }
+    void setOnHold(bool on) override { isOnHold_ = on; }
 
 private slots:
     void closed(uint id);
@@ -79,6 +81,7 @@ private:
     QSet<uint> closedMeanwhile_;         ///< What was closed, by whomever, during such a call.
     std::pair<uint, QString> token_;     ///< Of the notification that was clicked on last.
     bool isListening_ = false;
+    bool isOnHold_ = false;
 };
 
 } // namespace norvane

@@ -194,6 +194,13 @@ void Ledger::setDue(qint64 number, sys_seconds due)
     storage_.change(ledgerStatements::setDue, {norvane::number(due), number});
 }
 
+bool Ledger::isOutboxEmpty()
+{
+    bool isEmpty = false;
+    const bool isRead = storage_.read([&] { isEmpty = !outboxHead(); });
+    return isRead && isEmpty;
+}
+
 std::optional<OutboxEntry>
 Ledger::firstInOutbox(const std::function<bool(const OutboxEntry &)> &accept)
 {

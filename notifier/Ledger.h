@@ -23,8 +23,8 @@ struct OutboxEntry {
     std::chrono::sys_seconds due; ///< When its minute began.
 };
 
-/// The notification centre's memory: what is pending, what waits for the screen (the outbox), and
-/// what was delivered lately.
+/// What the notification centre remembers: what is pending, what waits for the screen (the
+/// outbox), and what was delivered lately.
 ///
 /// Changed only inside transact(). Needs a QCoreApplication; one thread only.
 class Ledger final {
@@ -93,7 +93,9 @@ public:
     {
         return firstInOutbox([](const OutboxEntry &) { return true; });
     }
-    /// The first in order that is accepted.
+    /// False as well when that cannot be read.
+    [[nodiscard]] bool isOutboxEmpty();
+    /// The first in order that is accepted; nothing as well when they cannot be read.
     [[nodiscard]] std::optional<OutboxEntry>
     firstInOutbox(const std::function<bool(const OutboxEntry &)> &accept);
     void removeFromOutbox(const NotificationRequest &request);

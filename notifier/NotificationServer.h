@@ -31,6 +31,9 @@ public:
     virtual void show(const NotificationRequest &request) = 0;
     /// Whether something that was shown may still be on the screen.
     [[nodiscard]] virtual bool isShowing() const = 0;
+    /// While this is on, nothing more is handed over: a notification that is not on its way to the
+    /// server yet fails as Unavailable.
+    virtual void setOnHold(bool on) = 0;
 
 signals:
     /// The server took it. May come late, after failed() was told of the same notification.
@@ -39,6 +42,9 @@ signals:
     void failed(norvane::NotificationServer::Failure failure);
     /// A server is there that was not there before.
     void appeared();
+    /// The server has gone, or another takes its place: then appeared() follows. What it was given
+    /// and left unanswered will not be shown any more.
+    void disappeared();
     /// isShowing() has become false.
     void screenCleared();
     /// The user clicked on something that was shown. The token lets whoever reacts take the

@@ -23,7 +23,7 @@ constexpr std::chrono::seconds lastAnswerTimeout{1};
 Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings)
     : bus_{bus},
       folder_{settings.folder},
-      ledger_{settings.folder, [this] { backToDisk_.start(); }},
+      ledger_{settings.folder, [this] { leftDisk(); }},
       server_{bus, settings.serverTimeout},
       scheduler_{ledger_, timer_, zone_, clock},
       courier_{ledger_, server_, clock, settings.pauses},
@@ -34,7 +34,8 @@ Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Setting
     connect(&courier_, &Courier::emptied, this, &Notifier::callCame);
     connect(&server_, &NotificationServer::screenCleared, this, &Notifier::callCame);
     connect(&server_, &NotificationServer::clicked, this, &Notifier::openNorvane);
-    connect(&ledgerFolder_, &QFileSystemWatcher::directoryChanged, &scheduler_, &Scheduler::start);
+    connect(&ledgerFolder_, &QFileSystemWatcher::directoryChanged, this,
+            &Notifier::ledgerFolderChanged);
     burstEnd_.setSingleShot(true);
     burstEnd_.setInterval(betweenBursts);
     connect(&burstEnd_, &QTimer::timeout, this, &Notifier::giveBackMemory);
@@ -43,6 +44,7 @@ Notifier::Notifier(const QDBusConnection &bus, const Clock &clock, const Setting
         scheduler_.goBackToDisk();
         if (ledger_.isOnDisk()) {
             backToDisk_.stop();
+            ledgerFolderChanged();
         }
     });
     idle_.setSingleShot(true);
@@ -72,10 +74,7 @@ bool Notifier::start()
         return false;
     }
     zone_.watch();
-    if (!ledgerFolder_.addPath(folder_)) {
-        qWarning("What another norvane-notifier hands over will be noticed late.");
-    }
-    scheduler_.start();
+    ledgerFolderChanged();
     callCame();
     return true;
 }
@@ -88,9 +87,31 @@ bool Notifier::claimName()
            QDBusConnectionInterface::ServiceRegistered;
 }
 
+void Notifier::leftDisk()
+{
+    backToDisk_.start();
+    // The file may have been moved away with its folder, and be written anew in another one by now.
+    QMetaObject::invokeMethod(this, &Notifier::ledgerFolderChanged, Qt::QueuedConnection);
+}
+
+/// Works through what the file holds, and watches for what another process adds to it.
+void Notifier::ledgerFolderChanged()
+{
+    // A watch stays with the folder that it was made for, also when another one has its path now.
+    const auto watch = [this] {
+        ledgerFolder_.removePath(folder_);
+        return ledgerFolder_.addPath(folder_);
+    };
+    const bool isWatched = watch(); // First, so that nothing is added unnoticed.
+    scheduler_.start();             // A folder that was removed is made anew.
+    if (!isWatched && !watch()) {
+        qWarning("What another norvane-notifier hands over will be noticed late.");
+    }
+}
+
 bool Notifier::isBusy()
 {
-    return scheduler_.hasPending() || !courier_.isEmpty() || server_.isShowing() ||
+    return scheduler_.hasPending() || !courier_.isOutboxEmpty() || server_.isShowing() ||
            facade_.isBusy();
 }
 
@@ -106,8 +127,9 @@ void Notifier::giveBackMemory()
     giveBackSpareMemory();
 }
 
-/// All that came in goes to the file, as far as that can be, or to the process that uses it. What
-/// is due waits there for the next process: handing it out now could show it twice.
+/// Writes everything that came in to the file, or adds it there when another process uses the file.
+/// Reminders that are due stay in the file for the next process: delivering them now could show
+/// them twice.
 void Notifier::save()
 {
     courier_.hold();
@@ -140,9 +162,9 @@ void Notifier::leaveIfIdle()
         Qt::QueuedConnection);
 }
 
-/// Has the bus start a successor for the calls that came at the last moment. This process cannot
-/// take its name back and stay: a service manager ends a service that let go of its name. False
-/// where nothing is installed to be started.
+/// Has the bus start a successor for the calls that came at the last moment. A process that a
+/// service manager runs must not take its name back instead: the manager ends a service that has
+/// released its name. False where nothing is installed that the bus could start.
 bool Notifier::startSuccessor()
 {
     QDBusConnectionInterface *const bus = bus_.interface();
@@ -167,6 +189,7 @@ void Notifier::openNorvane(const QString &activationToken)
 
 void Notifier::end()
 {
+    isEnding_ = true;
     courier_.hold();
     if (!courier_.isDelivering()) {
         saveAndFinish();
@@ -187,7 +210,7 @@ void Notifier::busLost()
 {
     qWarning("The session bus is gone. What is pending stays on disk.");
     save();
-    emit finished(End::BusLost);
+    emit finished(isEnding_ ? End::Done : End::BusLost);
 }
 
 } // namespace norvane

@@ -21,9 +21,10 @@
 
 namespace norvane {
 
-/// The notification centre, put together: one on each session bus. Of several that would share a
-/// ledger, for a user with several buses, the first has it and the others work from memory. What
-/// they hold then goes to the first when they end, or to the file when the first ends.
+/// Assembles the notification centre, of which there is one on each session bus. A user with
+/// several session buses has several notifiers and one ledger file: the first notifier uses the
+/// file, the others work in memory. When one of the others ends, it adds its requests to the file;
+/// when the first ends, another one takes over the file.
 class Notifier final : public QObject {
     Q_OBJECT
 
@@ -47,14 +48,16 @@ public:
     Notifier(const QDBusConnection &bus, const Clock &clock, const Settings &settings);
 
     /// Takes the name on the bus, and only then touches disk and clock; missed reminders are worked
-    /// through before the first call is. False, after a line on standard error, when the name
-    /// cannot be had (then nothing was touched) or there is no SQLite to work with.
+    /// through before the first call is. False, after a line on standard error, when the bus or
+    /// another notifier does not let it have its place on the bus (then nothing was touched), or
+    /// there is no SQLite to work with.
     [[nodiscard]] bool start();
     /// Writes what came in so far, and is finished. A reminder that was just handed to the server
     /// is waited for up to a second: without the answer, it would be shown again at the next start.
     void end();
 
 signals:
+    /// Only the first one counts: what comes after it was on its way already.
     void finished(norvane::Notifier::End end);
 
 private slots:
@@ -63,6 +66,8 @@ private slots:
 
 private:
     [[nodiscard]] bool claimName();
+    void leftDisk();
+    void ledgerFolderChanged();
     void callCame();
     void giveBackMemory();
     void openNorvane(const QString &activationToken);
@@ -81,9 +86,10 @@ private:
     Courier courier_;
     ServiceFacade facade_;
     QFileSystemWatcher ledgerFolder_; ///< Another process may hand over what it held in memory.
-    QTimer idle_;       ///< Restarted by all that happens; its end is the time to leave.
-    QTimer burstEnd_;   ///< Ends when calls have stopped for a moment.
-    QTimer backToDisk_; ///< Runs while the ledger is in memory only.
+    QTimer idle_;           ///< Restarted by all that happens; its end is the time to leave.
+    QTimer burstEnd_;       ///< Ends when calls have stopped for a moment.
+    QTimer backToDisk_;     ///< Runs while the ledger is in memory only.
+    bool isEnding_ = false; ///< end() was called.
 };
 
 } // namespace norvane

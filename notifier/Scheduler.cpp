@@ -19,8 +19,12 @@ namespace {
 
 using std::chrono::sys_seconds;
 
-/// How long a delivered reminder is remembered: longer than any lead, and over a clock set back.
-constexpr std::chrono::days memory{7};
+/// How long delivered and lapsed reminders are remembered: longer than any lead time, and long
+/// enough for a wrong clock to be set right.
+constexpr std::chrono::days retention{7};
+
+/// Before what is pending is read again after it could not be read.
+constexpr std::chrono::minutes readingPause{1};
 
 /// A clock that is set back by less than this was only corrected: what was delivered in the running
 /// minute must not come a second time.
@@ -87,7 +91,7 @@ bool Scheduler::hasPending()
 void Scheduler::showDue()
 {
     ledger_.transact([this] {
-        ledger_.forgetBefore(now() - memory);
+        ledger_.forgetBefore(now() - retention);
         moveDue();
     });
     setAlarm();
@@ -97,7 +101,7 @@ void Scheduler::showDue()
 void Scheduler::recomputeDue()
 {
     ledger_.transact([this] {
-        ledger_.forgetBefore(now() - memory);
+        ledger_.forgetBefore(now() - retention);
         setDueMoments();
         ledger_.reviveLapsed(now());
         ledger_.forgetDeliveredAfter(now() + correction);
@@ -192,7 +196,11 @@ void Scheduler::setAlarm()
 {
     // Also with nothing pending, because the alarm tells as well when the clock is set back, and
     // then lapsed requests may be pending again.
-    alarm_.set(ledger_.earliestDue().value_or(sys_seconds::max()));
+    std::optional<sys_seconds> moment = ledger_.earliestDue();
+    if (!moment && ledger_.hasPending()) {
+        moment = now() + readingPause; // It could not be read.
+    }
+    alarm_.set(moment.value_or(sys_seconds::max()));
 }
 
 std::chrono::sys_seconds Scheduler::now() const

@@ -69,8 +69,9 @@ using Change = std::variant<AddRequest, RemoveRequests, RemoveAllRequests>;
 /// A request for the minute that is running comes at once. One whose minute is over was missed,
 /// whether the machine slept through it, nobody was logged in, or it was asked for too late: it
 /// comes at once as well, unless a later reminder of its trial is due too or came, or it is no
-/// longer worth showing (LateRule). One that still waits in the outbox when the next of its trial
-/// joins it lapses. What came already for the same identifier and minute never comes again.
+/// longer worth showing (LateRule). A missed one that still waits in the outbox when a later one of
+/// its trial joins it lapses. What came already for the same identifier and minute never comes
+/// again.
 ///
 /// Everything given is borrowed. One thread only.
 class Scheduler final : public QObject {
@@ -78,24 +79,24 @@ class Scheduler final : public QObject {
 
 public:
     /// How many requests are kept at the same time, pending ones and those in the outbox together:
-    /// far more than anybody plans, and few enough that a program that goes wrong does not fill
-    /// the disk.
+    /// far more than anybody plans. It keeps a program that goes wrong from adding without end.
     static constexpr qint64 mostRequests = 150'000;
 
     /// What became of a change.
     enum class Outcome {
         Durable,  ///< It outlives a crash and a power cut.
-        InMemory, ///< It counts, but only while this process lives.
+        InMemory, ///< It is in effect, but is lost when this process ends.
         Refused   ///< There are too many requests already; nothing of it was kept.
     };
 
     Scheduler(Ledger &ledger, Alarm &alarm, const LocalZone &zone, const Clock &clock,
               qint64 requestLimit = mostRequests, QObject *parent = nullptr);
 
-    /// Works through what was missed and begins to wait. The ledger must be open. The same again
-    /// when another process has added to it.
+    /// Handles what was missed and sets the alarm. The ledger must be open. To be called again
+    /// after another process has added to the ledger.
     void start();
-    /// With a ledger in memory only: back to the file, if that can be, and to what it holds.
+    /// If the ledger is in memory, moves it back to its file if that is possible, and works out
+    /// anew when everything is due.
     void goBackToDisk();
 
     /// Applies the changes in this order, in one transaction; one outcome for each.

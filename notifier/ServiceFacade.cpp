@@ -32,7 +32,7 @@ constexpr std::chrono::milliseconds gathering{5};
 /// answer, and calls do not pile up in memory.
 constexpr std::size_t fullBurst = 300;
 
-/// So many identifiers are removed in a few hundredths of a second.
+/// The most identifiers that one transaction removes, which takes a few hundredths of a second.
 constexpr qsizetype slice = 2'000;
 
 bool isTooLong(const QString &text)
@@ -89,7 +89,7 @@ void ServiceFacade::AddRequest(const QString &identifier, const QString &title, 
         return;
     }
     if (!minute) {
-        refuse(QStringLiteral("trigger: is no minute of the form yyyy-MM-ddTHH:mm"));
+        refuse(QStringLiteral("trigger: is not a minute of the form yyyy-MM-ddTHH:mm"));
         return;
     }
     if (isRefused(QLatin1StringView{"identifier"}, identifier) ||
@@ -238,9 +238,9 @@ void ServiceFacade::answerList(const QDBusMessage &call)
 {
     const std::optional<qint64> size = ledger_.pendingSize();
     if (size && *size > longestList) {
-        reply(call,
-              call.createErrorReply(QDBusError::LimitsExceeded,
-                                    QStringLiteral("There is more than one answer can hold")));
+        reply(call, call.createErrorReply(
+                        QDBusError::LimitsExceeded,
+                        QStringLiteral("The pending requests are too many for one answer")));
         return;
     }
     std::optional<std::vector<NotificationRequest>> requests =

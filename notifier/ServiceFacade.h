@@ -22,9 +22,9 @@ namespace norvane {
 /// The notification centre as the bus sees it: checks what comes in, and answers.
 ///
 /// Changes are collected while calls keep coming and written in one transaction; each call is
-/// answered once its change is durable. An answer that it is not (StorageError) means: kept in
-/// memory only. Calls that change nothing are collected too: a caller takes the answer to its last
-/// call for the sign that those before it are durable.
+/// answered after that. The error busNames::storageError means that the change is kept in memory
+/// only. Calls that change nothing wait in the same queue, because a client takes the answer to its
+/// last call for the confirmation of all before it.
 ///
 /// A removal of very many identifiers is applied in slices, with a turn of the event loop between
 /// them. Later calls of the same caller wait for its end, those of other callers do not.
@@ -62,8 +62,9 @@ private:
     /// What one transaction applies, the calls that it ends, and the calls that wait for the next.
     struct Round {
         std::vector<Change> changes;
-        std::vector<std::optional<Call>> ended; ///< For each change: the call, if it ends with it.
-        std::vector<Call> others;               ///< Calls that change nothing.
+        /// For each change: the call to answer; nothing when the change is only a slice of it.
+        std::vector<std::optional<Call>> ended;
+        std::vector<Call> others; ///< Calls that change nothing.
         std::vector<Call> left;
     };
 
@@ -79,8 +80,9 @@ private:
 
     Scheduler &scheduler_;
     Ledger &ledger_;
-    QDBusConnection bus_; ///< Answers go out after the calls, when Qt no longer knows the caller's.
-    QTimer pause_;        ///< Runs while calls are collected.
+    QDBusConnection
+        bus_;      ///< Answers are sent when QDBusContext::connection() is not valid any more.
+    QTimer pause_; ///< Runs while calls are collected.
     std::vector<Call> calls_;
 };
 

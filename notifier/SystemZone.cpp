@@ -52,8 +52,8 @@ void SystemZone::filesChanged()
     readZone();
 }
 
-/// A watch belongs to a file and not to its name, and ends when another file takes the name: that
-/// is one of the events. A second watch on the same file changes nothing.
+/// A watch belongs to a file and not to its name. When another file takes the name, the watch tells
+/// so and ends. A second watch on the same file has no effect.
 void SystemZone::watchFiles()
 {
     if (watchLink()) {

@@ -11,9 +11,9 @@ namespace norvane {
 
 /// The machine's zone, and notice of its changes.
 ///
-/// Watches /etc/localtime, or the link whose path the environment names in its place (TZ), and the
-/// file that it points to. Other files beside them cause no wake-up. A zone that the environment
-/// names itself never changes. Nothing here talks to another process.
+/// Watches /etc/localtime, or the path that TZ holds in its place, and the file that it points to.
+/// Other files beside them cause no wake-up. A zone or a rule in TZ never changes. Nothing here
+/// talks to another process.
 class SystemZone final : public LocalZone {
     Q_OBJECT
 

@@ -27,7 +27,7 @@ WallClockTimer::WallClockTimer(QObject *parent)
       readable_{QSocketNotifier::Read}
 {
     if (descriptor_ < 0) {
-        qWarning("No timer to be had from the kernel; reminders come only at the next start.");
+        qWarning("The kernel grants no timer; reminders come only with the next call or start.");
         return;
     }
     readable_.setSocket(descriptor_);
@@ -49,7 +49,8 @@ void WallClockTimer::set(std::chrono::sys_seconds moment)
     if (::timerfd_settime(descriptor_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &when,
                           nullptr) != 0 &&
         errno == ECANCELED) {
-        // Armed all the same; but the clock was set before, and no read will tell it any more.
+        // It is armed all the same. The clock was set since the last call, which read() will not
+        // report any more.
         QMetaObject::invokeMethod(this, &Alarm::clockSet, Qt::QueuedConnection);
     }
 }

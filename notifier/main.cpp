@@ -104,10 +104,10 @@ std::optional<Notifier::End> serve(const QDBusConnection &bus, const StopSignals
                       clock,
                       {.folder = QFile::decodeName((XdgFolders::stateFolder() / "norvane").c_str()),
                        .idleTimeout = idleTimeout}};
-    Notifier::End end = Notifier::End::Done;
+    std::optional<Notifier::End> end;
     QObject::connect(&stopSignals, &StopSignals::stopRequested, &notifier, &Notifier::end);
     QObject::connect(&notifier, &Notifier::finished, &notifier, [&end](Notifier::End reason) {
-        end = reason;
+        end = end.value_or(reason);
         QCoreApplication::quit();
     });
     if (!notifier.start()) {
@@ -117,8 +117,9 @@ std::optional<Notifier::End> serve(const QDBusConnection &bus, const StopSignals
     return end;
 }
 
-/// Runs the notification centre, on a new connection each time that the bus ends the last: the
-/// bus disconnects a program that breaks one of its limits, and may live on. The exit status.
+/// Runs the notification centre until it is done, and connects again each time that the bus closes
+/// the connection: a bus disconnects a program that exceeds a limit, and may live on. Under systemd
+/// it returns instead, and systemd restarts it. Returns the exit status.
 int serve(const Arguments &arguments)
 {
     const StopSignals stopSignals;

@@ -97,6 +97,9 @@ def test_killed_at_any_moment_of_a_plan_it_has_the_whole_plan_afterwards(desktop
             os.kill(pid, signal.SIGKILL)
             wait_until(lambda pid=pid: desktop.notifier() != pid, "the end of the notifier")
             wait_until(lambda: len(desktop.pending()) == 900, "the whole plan")
+        os.kill(desktop.notifier(), signal.SIGKILL)
+        wait_until(lambda: not desktop.notifier(), "its end")
+        shutil.rmtree(desktop.home / ".local/state/norvane")  # So that the next plan starts from nothing.
 
 
 def test_a_notifier_that_norvane_starts_has_the_whole_plan_each_time(desktop_with_service):

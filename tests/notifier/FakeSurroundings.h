@@ -62,6 +62,7 @@ class FakeServer final : public NotificationServer {
 
 public:
     QStringList given; ///< The identifiers of what it was given.
+    bool isOnHold = false;
 
     void show(const NotificationRequest &request) override
     {
@@ -69,6 +70,7 @@ public:
         last_ = request;
     }
     [[nodiscard]] bool isShowing() const override { return false; }
+    void setOnHold(bool on) override { isOnHold = on; }
 
     /// Takes what it was given last.
     void take() { emit shown(NotificationRequest{last_}); }

@@ -126,13 +126,20 @@ public:
             return;
         }
         isServerGone_ = false;
-        ++failures_;
         for (auto &[key, trouble] : troubles_) {
-            const bool wasGivenUp = trouble.unanswered >= 3;
-            trouble.refusals = trouble.unanswered = 0;
+            trouble.refusals = 0;
             if (trouble.deaths < 2) {
                 trouble.last = 0;
-            } else if (wasGivenUp) {
+            }
+        }
+        deliver();
+    }
+    /// The next server was given nothing of what this one left unanswered.
+    void serverWent()
+    {
+        ++failures_;
+        for (auto &[key, trouble] : troubles_) {
+            if (std::exchange(trouble.unanswered, 0) >= 3) {
                 trouble.last = failures_;
             }
         }
@@ -157,7 +164,8 @@ public:
         }
     }
 
-    /// Adds what another centre held in memory: its word counts where both know something.
+    /// Adds what another centre held in memory. Where both know something of a reminder, what
+    /// `from` knows counts.
     static void merge(Memory &into, const Memory &from)
     {
         for (const Entry &e : from.outbox) {

@@ -120,6 +120,8 @@ void SimulatedWorld::answer(Centre &centre)
         show(centre, keyOf(*given));
         mayComeAgain_.insert(keyOf(*given));
         centre.server.unanswered.clear();
+        centre.model.serverWent();
+        emit centre.server.disappeared();
         centre.model.diedOfIt();
         emit centre.server.failed(Died);
         break;
@@ -164,6 +166,8 @@ void SimulatedWorld::answerLate(Centre &centre)
 void SimulatedWorld::changeServer(Centre &centre)
 {
     centre.server.unanswered.clear();
+    centre.model.serverWent();
+    emit centre.server.disappeared();
     centre.model.serverCame();
     emit centre.server.appeared();
 }

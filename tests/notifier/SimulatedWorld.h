@@ -69,6 +69,7 @@ public:
 
     void show(const NotificationRequest &request) override { offered = request; }
     [[nodiscard]] bool isShowing() const override { return false; }
+    void setOnHold(bool /*on*/) override {}
 };
 
 /// Norvane's calls to one centre, kept until they are confirmed.

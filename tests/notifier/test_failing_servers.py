@@ -35,8 +35,11 @@ def test_one_that_the_server_refuses_does_not_keep_the_others_from_coming(notifi
     assert server.wait_for(2, 40)[1].title == "refused"
 
 
-def test_one_that_is_refused_does_not_delay_what_comes_later(notifier, server):
+@pytest.mark.parametrize("error", ["org.freedesktop.Notifications.Error.ExcessNotificationGeneration",
+                                   "org.freedesktop.DBus.Error.LimitsExceeded"], ids=["own", "common"])
+def test_one_that_is_refused_does_not_delay_what_comes_later(notifier, server, error):
     server.refused = ("refused",)
+    server.refusal = error
     notifier.start()
     add_in_order(notifier, "refused")
     wait_until(lambda: server.attempts == 3, "the third refusal", 20)

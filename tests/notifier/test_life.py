@@ -271,3 +271,17 @@ def test_a_second_that_ends_first_hands_over_what_it_holds(notifier, server, oth
 
         assert server.wait_for(1)[0].title == "due-24h"
         assert sorted(notifier.identifiers()) == ["a-1h", "b-1h"]
+
+
+def test_what_a_second_hands_over_is_noticed_after_the_folder_was_made_anew(notifier, server, other_notifier):
+    notifier.start()
+    assert notifier.pending() == []
+    notifier.folder.rename(notifier.folder.with_name("moved"))
+    notifier.add("a-1h", FAR)
+    with other_notifier() as other:
+        with pytest.raises(GLib.Error):
+            other.add("due-24h", this_minute(), title="due-24h")  # No server there: it waits.
+
+        other.kill(signal.SIGTERM)
+
+        assert server.wait_for(1)[0].title == "due-24h"

@@ -3,6 +3,7 @@
 
 """Callers that ask for more than anybody needs, and what the others notice of it."""
 
+import signal
 import sqlite3
 import time
 from contextlib import closing
@@ -68,6 +69,22 @@ def test_an_identifier_of_60_mib_names_nothing_and_is_not_kept_in_memory(notifie
 
     assert notifier.pending() == []
     wait_until(lambda: memory(notifier.process.pid)["Rss"] < before + 20 * KIB,
+               "the memory's return")
+
+
+def test_most_of_the_memory_that_a_burst_of_calls_took_is_given_back(notifier):
+    notifier.start()
+    before = memory(notifier.process.pid)["Private"]
+
+    notifier.process.send_signal(signal.SIGSTOP)
+    for i in range(20_000):
+        notifier.tell("AddRequest", GLib.Variant("(sssss)", (f"{i}-1h", "Title", "Body" * 20, "default", FAR)))
+    notifier.connection.flush_sync(None)
+    notifier.process.send_signal(signal.SIGCONT)  # Now all of them are there at the same time.
+    notifier.authorize()
+
+    most = memory(notifier.process.pid)["Private"]
+    wait_until(lambda: memory(notifier.process.pid)["Private"] - before < (most - before) / 4,
                "the memory's return")
 
 

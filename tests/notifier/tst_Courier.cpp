@@ -8,6 +8,8 @@
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -58,7 +60,7 @@ private slots:
         QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
     }
 
-    void oneIsStruckOnlyAfterItWasTaken()
+    void aReminderLeavesTheOutboxOnlyAfterTheServerTookIt()
     {
         courier_->deliver();
         QCOMPARE(head(), QStringLiteral("a-1h"));
@@ -152,7 +154,7 @@ private slots:
         QVERIFY(time.elapsed() < 2000); // 10, and 10240 if it went on doubling.
     }
 
-    void aServerThatAppearsBecauseOfAnAttemptIsNotHurried()
+    void aServerStartedByAnAttemptDoesNotShortenThePauses()
     {
         QElapsedTimer time;
         time.start();
@@ -181,7 +183,7 @@ private slots:
         QTRY_COMPARE(server_->given.last(), QStringLiteral("a-1h")); // It is still tried.
     }
 
-    void oneThatWasSetBackDoesNotDelayWhatComesLater()
+    void aPostponedReminderDoesNotDelayLaterOnes()
     {
         useEndlessPauses();
         courier_->deliver();
@@ -233,9 +235,48 @@ private slots:
         }
         QVERIFY(!QTest::qWaitFor([&] { return server_->given.size() > 3; }, 300));
 
+        emit server_->disappeared();
         emit server_->appeared();
 
         QCOMPARE(server_->given.size(), 4);
+    }
+
+    void whatAServerNeverAnsweredIsTriedAgainAfterItHasGone()
+    {
+        ledger_->transact([this] { ledger_->remove({QStringLiteral("b-1h")}); });
+        courier_->deliver();
+        for (qsizetype attempts = 1; attempts <= 3; ++attempts) {
+            QVERIFY(wasGiven(attempts));
+            emit server_->failed(Unanswered);
+        }
+
+        emit server_->disappeared();
+
+        QCOMPARE(server_->given.size(), 3);
+        QVERIFY(wasGiven(4)); // After the pause: the attempt can start the next server.
+    }
+
+    void anOutboxThatCannotBeReadIsNotTakenForEmpty()
+    {
+        const QSignalSpy emptied{courier_.get(), &Courier::emptied};
+        QVERIFY(exec(QStringLiteral("ALTER TABLE disk.outbox RENAME TO hidden")));
+
+        courier_->deliver();
+
+        QVERIFY(!courier_->isOutboxEmpty());
+        QCOMPARE(emptied.count(), 0);
+        QVERIFY(exec(QStringLiteral("ALTER TABLE disk.hidden RENAME TO outbox")));
+        QVERIFY(wasGiven(1));
+    }
+
+    void itTellsThatTheServerHasAnswered()
+    {
+        const QSignalSpy answered{courier_.get(), &Courier::answered};
+        courier_->deliver();
+
+        server_->take();
+
+        QCOMPARE(answered.count(), 1);
     }
 
     void oneThatServersDoNotSurviveAndThatWasNeverAnsweredIsGivenToTheNextServer()
@@ -248,6 +289,7 @@ private slots:
             emit server_->failed(failure);
         }
 
+        emit server_->disappeared();
         emit server_->appeared();
 
         QVERIFY(wasGiven(6)); // After the pause.
@@ -264,7 +306,7 @@ private slots:
         QCOMPARE(server_->given, (QStringList{QStringLiteral("a-1h"), QStringLiteral("b-1h")}));
     }
 
-    void aFailureAfterALateAnswerConcernsNobody()
+    void aFailureAfterALateAnswerIsIgnored()
     {
         use({.first = 0ms, .longest = 0ms});
         courier_->deliver();
@@ -272,7 +314,7 @@ private slots:
         emit server_->failed(Unanswered);
         QVERIFY(wasGiven(3));
         server_->take();
-        QVERIFY(courier_->isEmpty());
+        QVERIFY(courier_->isOutboxEmpty());
 
         emit server_->failed(Died);
 
@@ -281,7 +323,7 @@ private slots:
         QCOMPARE(server_->given.last(), QStringLiteral("c-1h"));
     }
 
-    void whatIsSetBackIsGivenUpWithItsLead()
+    void aPostponedReminderIsGivenUpWithItsLead()
     {
         courier_->deliver();
         for (qsizetype attempts = 1; attempts <= 3; ++attempts) {
@@ -292,7 +334,7 @@ private slots:
 
         clock_.moment = noon + 1h;
 
-        QTRY_VERIFY(courier_->isEmpty());
+        QTRY_VERIFY(courier_->isOutboxEmpty());
     }
 
     void nothingNewGoesOutWhileItIsHeld()
@@ -300,9 +342,11 @@ private slots:
         courier_->hold();
         courier_->deliver();
         QCOMPARE(server_->given, QStringList{});
+        QVERIFY(server_->isOnHold);
 
         courier_->release();
 
+        QVERIFY(!server_->isOnHold);
         QCOMPARE(server_->given, QStringList{QStringLiteral("a-1h")});
     }
 
@@ -314,7 +358,7 @@ private slots:
         courier_->deliver();
 
         QCOMPARE(server_->given, QStringList{});
-        QVERIFY(courier_->isEmpty());
+        QVERIFY(courier_->isOutboxEmpty());
         QCOMPARE(emptied.count(), 1);
     }
 
@@ -344,6 +388,13 @@ private:
     void use(Courier::Pauses other)
     {
         courier_ = std::make_unique<Courier>(*ledger_, *server_, clock_, other);
+    }
+
+    /// Executes a statement on the ledger's own connection.
+    [[nodiscard]] static bool exec(const QString &statement)
+    {
+        const QString name = QSqlDatabase::connectionNames().first();
+        return QSqlQuery{QSqlDatabase::database(name)}.exec(statement);
     }
 
     /// Waits for so many attempts, and notices more closely than QTRY_ when they are there.

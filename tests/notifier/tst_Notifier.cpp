@@ -8,6 +8,7 @@
 #include "tests/support/TestProgram.h"
 
 #include <QDBusConnectionInterface>
+#include <QDBusContext>
 #include <QDateTime>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -18,20 +19,53 @@
 using namespace norvane;
 using namespace std::chrono_literals;
 
-/// A notification server that counts how often it is asked what it can do.
-class CountingServer final : public QObject {
+/// A notification server on this connection that counts calls and answers no notification.
+class SilentServer final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 
 public:
-    int asked = 0;
+    int asked = 0;       ///< Calls that ask what it can do.
+    int given = 0;       ///< Calls with a notification.
+    bool delays = false; ///< Does not tell what it can do before tell().
+
+    explicit SilentServer(const QDBusConnection &bus) : bus_{bus}
+    {
+        const bool isThere = bus_.registerObject(path_, this, QDBusConnection::ExportAllSlots) &&
+                             bus_.registerService(service_);
+        if (!isThere) {
+            qFatal("The notification server cannot be put on the bus.");
+        }
+    }
+    ~SilentServer() override
+    {
+        bus_.unregisterService(service_);
+        bus_.unregisterObject(path_);
+    }
+
+    void tell() { bus_.send(question_.createReply(QStringList{})); }
 
 public slots:
     QStringList GetCapabilities()
     {
         ++asked;
+        setDelayedReply(delays);
+        question_ = message();
         return {};
     }
+    uint Notify(const QString &, uint, const QString &, const QString &, const QString &,
+                const QStringList &, const QVariantMap &, int)
+    {
+        ++given;
+        setDelayedReply(true);
+        return 0;
+    }
+
+private:
+    const QString service_ = QStringLiteral("org.freedesktop.Notifications");
+    const QString path_ = QStringLiteral("/org/freedesktop/Notifications");
+    QDBusConnection bus_;
+    QDBusMessage question_;
 };
 
 class TestNotifier final : public QObject {
@@ -49,7 +83,7 @@ private slots:
 
     void cleanup() { notifier_.reset(); }
 
-    void aCallInTheMomentOfLeavingMakesItStay()
+    void aCallWhileLeavingMakesItStay()
     {
         const QSignalSpy finished{notifier_.get(), &Notifier::finished};
 
@@ -61,7 +95,7 @@ private slots:
         QCOMPARE(pendingInFile(), 1U);
     }
 
-    void whereItIsInstalledASuccessorIsStartedForSuchACall()
+    void aCallWhileLeavingStartsTheInstalledSuccessor()
     {
         const QString started = bus_.path(QStringLiteral("started"));
         bus_.offer(busNames::notificationCenter, QStringLiteral(": > ") + started);
@@ -77,27 +111,77 @@ private slots:
         bus_.withdrawOffer(busNames::notificationCenter);
     }
 
-    void whatIsDueInThatMomentIsLeftToTheSuccessor()
+    void aReminderDueWhileLeavingIsLeftToTheSuccessor()
     {
         bus_.offer(busNames::notificationCenter, QStringLiteral("true"));
         connection_.interface()->call(QStringLiteral("ReloadConfig"));
-        CountingServer server;
-        QVERIFY(client_.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &server,
-                                       QDBusConnection::ExportAllSlots));
-        QVERIFY(client_.registerService(QStringLiteral("org.freedesktop.Notifications")));
+        const SilentServer server{client_};
         const QSignalSpy finished{notifier_.get(), &Notifier::finished};
 
-        callWhileItLeaves(
-            QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH:mm")));
+        callWhileItLeaves(thisMinute());
 
         QTRY_COMPARE(finished.count(), 1);
         connection_.interface()->call(QStringLiteral("GetId")); // What it sent was passed on.
         client_.interface()->call(QStringLiteral("GetId"));     // And has arrived.
         QCoreApplication::processEvents();
         QCOMPARE(server.asked, 0);
-        QVERIFY(client_.unregisterService(QStringLiteral("org.freedesktop.Notifications")));
-        client_.unregisterObject(QStringLiteral("/org/freedesktop/Notifications"));
         bus_.withdrawOffer(busNames::notificationCenter);
+    }
+
+    void aServerThatHasGoneIsStartedAgainForWhatItNeverAnswered()
+    {
+        notifier_.reset(); // It has the name.
+        notifier_ = std::make_unique<Notifier>(
+            connection_, clock_,
+            Notifier::Settings{.folder = folder_->path(),
+                               .serverTimeout = 20ms,
+                               .pauses = {.first = 10ms, .longest = 50ms}});
+        QVERIFY(notifier_->start());
+        const QString started = bus_.path(QStringLiteral("server"));
+        bus_.offer(QStringLiteral("org.freedesktop.Notifications"),
+                   QStringLiteral(": > ") + started);
+        connection_.interface()->call(QStringLiteral("ReloadConfig"));
+        {
+            const SilentServer server{client_};
+            add(thisMinute());
+            QTRY_COMPARE(server.given, 3);
+            QTRY_VERIFY(server.asked > 3); // Whether it lives, after the third as well.
+            QVERIFY(!QFile::exists(started));
+        }
+
+        QTRY_VERIFY(QFile::exists(started));
+
+        bus_.withdrawOffer(QStringLiteral("org.freedesktop.Notifications"));
+    }
+
+    void whenItEndsWhileAServerIsAskedWhatItCanDoNothingMoreIsHandedOver()
+    {
+        SilentServer server{client_};
+        server.delays = true;
+        const QSignalSpy finished{notifier_.get(), &Notifier::finished};
+        add(thisMinute());
+        QTRY_COMPARE(server.asked, 1);
+
+        notifier_->end();
+        server.tell();
+
+        QTRY_COMPARE(finished.count(), 1);
+        client_.interface()->call(QStringLiteral("GetId")); // What it sent has arrived.
+        QCoreApplication::processEvents();
+        QCOMPARE(server.given, 0);
+    }
+
+    void aBusThatGoesWhileItEndsIsNoReasonToComeBack()
+    {
+        const SilentServer server{client_};
+        QSignalSpy finished{notifier_.get(), &Notifier::finished};
+        add(thisMinute());
+        QTRY_COMPARE(server.given, 1);
+        notifier_->end();
+
+        QVERIFY(QMetaObject::invokeMethod(notifier_.get(), "busLost"));
+
+        QCOMPARE(finished.takeFirst().value(0).value<Notifier::End>(), Notifier::End::Done);
     }
 
     void itDoesNotStartWhereTheConnectionHasAnotherObjectInItsPlace()
@@ -112,14 +196,24 @@ private slots:
     }
 
 private:
-    /// A call that the bus has passed on already, and that is not looked at yet.
-    void callWhileItLeaves(const QString &trigger = QStringLiteral("9999-01-01T12:00"))
+    [[nodiscard]] static QString thisMinute()
+    {
+        return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH:mm"));
+    }
+
+    void add(const QString &trigger)
     {
         QDBusMessage call = QDBusMessage::createMethodCall(
             busNames::notificationCenter, busNames::notificationCenterPath,
             QStringLiteral("org.norvane.NotificationCenter1"), QStringLiteral("AddRequest"));
         call << QStringLiteral("a-1h") << QString{} << QString{} << QString{} << trigger;
         client_.send(call);
+    }
+
+    /// A call that the bus has passed on already, and that is not looked at yet.
+    void callWhileItLeaves(const QString &trigger = QStringLiteral("9999-01-01T12:00"))
+    {
+        add(trigger);
         client_.interface()->call(QStringLiteral("GetId")); // Answered after that was passed on.
 
         QVERIFY(QMetaObject::invokeMethod(notifier_.get(), "leaveIfIdle"));

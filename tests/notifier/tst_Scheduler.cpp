@@ -6,6 +6,8 @@
 #include "tests/support/TestProgram.h"
 #include "time/WallClockMinute.h"
 
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -357,6 +359,18 @@ private slots:
                                RemoveAllRequests{}});
 
         QCOMPARE(outbox(), QStringList{QStringLiteral("a-1h")});
+    }
+
+    void whatCannotBeReadIsReadAgainAMinuteLater()
+    {
+        add(QStringLiteral("a-1h"), u"2026-07-02T14:00");
+        const QString name = QSqlDatabase::connectionNames().first();
+        QSqlQuery query{QSqlDatabase::database(name)};
+        QVERIFY(query.exec(QStringLiteral("ALTER TABLE disk.pending RENAME TO hidden")));
+
+        emit alarm_.clockSet();
+
+        QCOMPARE(alarm_.moment, plannedNoon + 1min);
     }
 
 private:

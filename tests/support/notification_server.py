@@ -56,7 +56,7 @@ class NotificationServer:
     second already, "single" has room for one and closes it when the next comes,
     "unready" does not tell what it can do.
 
-    `refused` are titles that it refuses whatever its behaviour. A title in `hung` it shows, and
+    `refused` are titles that it refuses, with the error `refusal`, whatever its behaviour. A title in `hung` it shows, and
     answers neither that nor anything else until resume().
     """
 
@@ -66,6 +66,7 @@ class NotificationServer:
     name: str = "test"
     version: str = "1.0"
     refused: tuple[str, ...] = ()
+    refusal: str = "org.freedesktop.Notifications.Error.ExcessNotificationGeneration"
     hung: tuple[str, ...] = ()
     shown: list[Shown] = field(default_factory=list)
     attempts: int = 0  # Calls to show something, also those that were not taken.
@@ -156,8 +157,7 @@ class NotificationServer:
         if self.behaviour == "ignore":
             return
         if self.behaviour == "refuse" or title in self.refused or (self.behaviour == "distinct" and repeated):
-            invocation.return_dbus_error(
-                "org.freedesktop.Notifications.Error.ExcessNotificationGeneration", "Not now")
+            invocation.return_dbus_error(self.refusal, "Not now")
             return
         if self.behaviour == "single" and self.shown:
             self.close_notification(self.shown[-1].id)
