@@ -56,8 +56,8 @@ class NotificationServer:
     second already, "single" has room for one and closes it when the next comes,
     "unready" does not tell what it can do.
 
-    `refused` are titles that it refuses, with the error `refusal`, whatever its behaviour. A title in `hung` it shows, and
-    answers neither that nor anything else until resume().
+    `refused` are titles that it refuses, with the error `refusal`, whatever its behaviour. A title
+    in `hung` it shows, and answers neither that nor anything else until resume().
     """
 
     bus: PrivateBus
