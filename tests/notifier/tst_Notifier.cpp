@@ -25,9 +25,9 @@ class SilentServer final : public QObject, protected QDBusContext {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 
 public:
-    int asked = 0;       ///< Calls that ask what it can do.
-    int given = 0;       ///< Calls with a notification.
-    bool delays = false; ///< Does not tell what it can do before tell().
+    int asked = 0;          ///< Calls that ask what it can do.
+    int given = 0;          ///< Calls with a notification.
+    int hangsAfter = 1'000; ///< So many notifications; then it answers only in tell().
 
     explicit SilentServer(const QDBusConnection &bus) : bus_{bus}
     {
@@ -44,19 +44,27 @@ public:
     }
 
     void tell() { bus_.send(question_.createReply(QStringList{})); }
+    void refuseTheFirst()
+    {
+        bus_.send(
+            first_.createErrorReply(QStringLiteral("org.freedesktop.Notifications.Error.Late"),
+                                    QStringLiteral("Refused after a long time")));
+    }
 
 public slots:
     QStringList GetCapabilities()
     {
         ++asked;
-        setDelayedReply(delays);
+        setDelayedReply(given >= hangsAfter);
         question_ = message();
         return {};
     }
     uint Notify(const QString &, uint, const QString &, const QString &, const QString &,
                 const QStringList &, const QVariantMap &, int)
     {
-        ++given;
+        if (given++ == 0) {
+            first_ = message();
+        }
         setDelayedReply(true);
         return 0;
     }
@@ -66,6 +74,7 @@ private:
     const QString path_ = QStringLiteral("/org/freedesktop/Notifications");
     QDBusConnection bus_;
     QDBusMessage question_;
+    QDBusMessage first_; ///< With a notification.
 };
 
 class TestNotifier final : public QObject {
@@ -130,16 +139,10 @@ private slots:
 
     void aServerThatHasGoneIsStartedAgainForWhatItNeverAnswered()
     {
-        notifier_.reset(); // It has the name.
-        notifier_ = std::make_unique<Notifier>(
-            connection_, clock_,
-            Notifier::Settings{.folder = folder_->path(),
-                               .serverTimeout = 20ms,
-                               .pauses = {.first = 10ms, .longest = 50ms}});
-        QVERIFY(notifier_->start());
+        startWithShortTimes();
         const QString started = bus_.path(QStringLiteral("server"));
         bus_.offer(QStringLiteral("org.freedesktop.Notifications"),
-                   QStringLiteral(": > ") + started);
+                   QStringLiteral(": > %1; exit 1").arg(started));
         connection_.interface()->call(QStringLiteral("ReloadConfig"));
         {
             const SilentServer server{client_};
@@ -151,13 +154,31 @@ private slots:
 
         QTRY_VERIFY(QFile::exists(started));
 
+        // The bus keeps calls for a server that it is starting, until it knows that it does not
+        // start. They must not reach the server of another test.
+        notifier_.reset();
+        connection_.interface()->startService(QStringLiteral("org.freedesktop.Notifications"));
         bus_.withdrawOffer(QStringLiteral("org.freedesktop.Notifications"));
+        connection_.interface()->call(QStringLiteral("ReloadConfig"));
+    }
+
+    void aLateRefusalIsNotTakenForTheAnswerToALaterAttempt()
+    {
+        startWithShortTimes();
+        SilentServer server{client_};
+        server.hangsAfter = 2;
+        add(thisMinute());
+        QTRY_COMPARE(server.given, 2);
+
+        server.refuseTheFirst();
+
+        QVERIFY(!QTest::qWaitFor([&] { return server.given > 2; }, 300));
     }
 
     void whenItEndsWhileAServerIsAskedWhatItCanDoNothingMoreIsHandedOver()
     {
         SilentServer server{client_};
-        server.delays = true;
+        server.hangsAfter = 0;
         const QSignalSpy finished{notifier_.get(), &Notifier::finished};
         add(thisMinute());
         QTRY_COMPARE(server.asked, 1);
@@ -196,6 +217,18 @@ private slots:
     }
 
 private:
+    /// Instead of the notifier that every test has.
+    void startWithShortTimes()
+    {
+        notifier_.reset(); // It has the name.
+        notifier_ = std::make_unique<Notifier>(
+            connection_, clock_,
+            Notifier::Settings{.folder = folder_->path(),
+                               .serverTimeout = 20ms,
+                               .pauses = {.first = 10ms, .longest = 50ms}});
+        QVERIFY(notifier_->start());
+    }
+
     [[nodiscard]] static QString thisMinute()
     {
         return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddTHH:mm"));
