@@ -260,13 +260,19 @@ def test_in_a_read_only_folder_it_works_from_memory_on_what_is_there(open_notifi
     assert notifier.identifiers() == ["a-1h", "b-1h"]
 
 
-def test_a_file_that_cannot_be_read_is_not_taken_for_empty(open_notifier):
-    notifier = open_notifier
-    notifier.start()
-    notifier.add("a-1h", FAR)
-    notifier.kill()
-    for file in notifier.folder.iterdir():
+@pytest.fixture
+def notifier_with_unreadable_file(open_notifier):
+    """Not started yet; a-1h is in the file."""
+    open_notifier.start()
+    open_notifier.add("a-1h", FAR)
+    open_notifier.kill()
+    for file in open_notifier.folder.iterdir():
         file.chmod(0o000)
+    return open_notifier
+
+
+def test_a_file_that_cannot_be_read_is_not_taken_for_empty(notifier_with_unreadable_file):
+    notifier = notifier_with_unreadable_file
     notifier.start(command=AS_ORDINARY_USER)
 
     with pytest.raises(GLib.Error) as caught:
@@ -281,14 +287,8 @@ def test_a_file_that_cannot_be_read_is_not_taken_for_empty(open_notifier):
     assert sorted(notifier.identifiers()) == ["a-1h", "b-1h", "c-1h"]
 
 
-def test_with_a_file_that_cannot_be_read_it_does_not_leave(open_notifier):
-    notifier = open_notifier
-    notifier.start()
-    notifier.add("a-1h", FAR)
-    notifier.kill()
-    for file in notifier.folder.iterdir():
-        file.chmod(0o000)
-
+def test_with_a_file_that_cannot_be_read_it_does_not_leave(notifier_with_unreadable_file):
+    notifier = notifier_with_unreadable_file
     notifier.start("--linger", "0", command=AS_ORDINARY_USER)
 
     time.sleep(1)

@@ -6,28 +6,10 @@ import socket
 import threading
 
 
-class ClosingBus:
-    """Closes each connection at once, like a bus that turns the user away."""
+class UselessBus:
+    """Accepts connections and serves each on a thread of its own."""
 
     def __init__(self, path):
-        self.connections = 0
-        self.listener = socket.socket(socket.AF_UNIX)
-        self.listener.bind(str(path))
-        self.listener.listen()
-        threading.Thread(target=self._accept, daemon=True).start()
-
-    def _accept(self):
-        while True:
-            self.listener.accept()[0].close()
-            self.connections += 1
-
-
-class SilentBus:
-    """Accepts connections; with `authenticates` it lets them in, and is silent only then."""
-
-    def __init__(self, path, authenticates):
-        self.authenticates = authenticates
-        self.was_asked = threading.Event()
         self.listener = socket.socket(socket.AF_UNIX)
         self.listener.bind(str(path))
         self.listener.listen()
@@ -37,6 +19,27 @@ class SilentBus:
         while True:
             connection, _ = self.listener.accept()
             threading.Thread(target=self._serve, args=(connection,), daemon=True).start()
+
+
+class ClosingBus(UselessBus):
+    """Closes each connection at once, like a bus that turns the user away."""
+
+    def __init__(self, path):
+        self.connections = 0
+        super().__init__(path)
+
+    def _serve(self, connection):
+        self.connections += 1
+        connection.close()
+
+
+class SilentBus(UselessBus):
+    """Says nothing; with `authenticates` it lets connections in, and is silent only then."""
+
+    def __init__(self, path, authenticates):
+        self.authenticates = authenticates
+        self.was_asked = threading.Event()
+        super().__init__(path)
 
     def _serve(self, connection):
         while text := connection.recv(4096):
