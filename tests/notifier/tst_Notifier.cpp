@@ -15,6 +15,7 @@
 #include <QTest>
 
 #include <memory>
+#include <utility>
 
 using namespace norvane;
 using namespace std::chrono_literals;
@@ -29,7 +30,7 @@ public:
     int given = 0;          ///< Calls with a notification.
     int hangsAfter = 1'000; ///< So many notifications; then it answers only in tell().
 
-    explicit SilentServer(const QDBusConnection &bus) : bus_{bus}
+    explicit SilentServer(QDBusConnection bus) : bus_{std::move(bus)}
     {
         const bool isThere = bus_.registerObject(path_, this, QDBusConnection::ExportAllSlots) &&
                              bus_.registerService(service_);
@@ -59,8 +60,9 @@ public slots:
         question_ = message();
         return {};
     }
-    uint Notify(const QString &, uint, const QString &, const QString &, const QString &,
-                const QStringList &, const QVariantMap &, int)
+    uint Notify(const QString & /*program*/, uint /*replaced*/, const QString & /*icon*/,
+                const QString & /*title*/, const QString & /*body*/,
+                const QStringList & /*actions*/, const QVariantMap & /*hints*/, int /*timeout*/)
     {
         if (given++ == 0) {
             first_ = message();
