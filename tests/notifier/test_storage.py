@@ -189,6 +189,20 @@ def test_a_full_disk_is_told_and_reminders_still_come_once(notifier, server):
     assert server.titles == ["now-1h"]
 
 
+def test_a_file_with_one_more_column_is_taken_to_memory_when_the_disk_is_full(notifier):
+    notifier.start()
+    notifier.add("a-1h", FAR)
+    notifier.kill()
+    with closing(sqlite3.connect(notifier.ledger)) as ledger:
+        ledger.execute("ALTER TABLE pending ADD COLUMN extra TEXT")
+    notifier.start()
+    may_write(notifier, False)
+
+    assert not_durable(notifier, "b-1h")
+
+    assert notifier.identifiers() == ["a-1h", "b-1h"]
+
+
 def test_when_the_disk_has_room_again_nothing_is_lost(notifier):
     hold_one_in_memory(notifier)
 
