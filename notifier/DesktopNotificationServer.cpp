@@ -56,8 +56,9 @@ bool isFromServer(const QDBusMessage &answer)
            !(error.startsWith(family) && others.contains(error.mid(family.size())));
 }
 
-/// Whether the server does not take this notification, and may take others. A bus can say the last
-/// as well, when too many messages wait for the server; trying again later is right for both.
+/// Whether the server does not take this notification, though it may take others. LimitsExceeded
+/// can also come from the bus, when too many messages wait for the server; to try again later is
+/// right in both cases.
 bool isRefusal(const QDBusMessage &answer)
 {
     return isFromServer(answer) ||
